@@ -1,0 +1,17 @@
+#pragma once
+
+namespace uke {
+
+// What the tuner reads from the microphone listener at every tick. MicListener is
+// the real one; tests drive the tick with a scripted source.
+class PitchSource {
+public:
+    virtual ~PitchSource() = default;
+    virtual void listen() = 0;
+    // Linear level of the latest audio, 0.0 (silence) to 1.0; 0.0 when not listening.
+    virtual float averagePower() = 0;
+    // Fundamental-frequency estimate in hertz; 0.0 before any audio.
+    virtual float frequency() = 0;
+};
+
+} // namespace uke

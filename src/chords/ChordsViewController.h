@@ -1,0 +1,28 @@
+#pragma once
+#include <cstdint>
+
+#include "app/SharedState.h"
+#include "platform/Services.h"
+
+namespace uke {
+
+class RatingPrompt;
+
+// The chord library screen.
+class ChordsViewController {
+public:
+    ChordsViewController(Services services, SharedState& state, RatingPrompt& rating);
+
+    void viewDidLoad();
+
+    // Set by the opener before the screen loads.
+    int64_t ukuleleType = 0;
+    int64_t selectedLanguage = 0;
+
+private:
+    Services s_;
+    SharedState& state_;
+    RatingPrompt& rating_;
+};
+
+} // namespace uke

@@ -1,0 +1,16 @@
+#pragma once
+#include <string>
+
+namespace uke {
+
+// The platform's own review request and in-app store sheet, where they exist.
+class StoreReview {
+public:
+    virtual ~StoreReview() = default;
+    virtual bool reviewRequestAvailable() const = 0;
+    virtual void requestReview() = 0;
+    virtual bool storeSheetAvailable() const = 0;
+    virtual void presentStoreSheet(const std::string& appId) = 0;
+};
+
+} // namespace uke

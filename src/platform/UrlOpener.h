@@ -1,0 +1,12 @@
+#pragma once
+#include <string>
+
+namespace uke {
+
+class UrlOpener {
+public:
+    virtual ~UrlOpener() = default;
+    virtual void openUrl(const std::string& url) = 0;
+};
+
+} // namespace uke

@@ -1,0 +1,29 @@
+#include "tuner/TunerScreenModel.h"
+
+namespace uke {
+
+TunerScreenModel::TunerScreenModel() {
+    LEDDisplay.image = "yellow64.png";
+    LEDDisplay128.image = "yellow128.png";
+    tunedString.hidden = true;
+    tunedString5.hidden = true;
+    tunedStringiPad.hidden = true;
+    goToChordsLibraryButton.image = "chord_icon.png";
+    micSensitivitySlider = Slider{5.0, 0.0, 10.0, false};
+    setFrequencyValueStepper = Stepper{440.0, 415.0, 466.0, 1.0, false};
+    calibrationFrequencyValue.text = "440";
+    soundNotificationSwitch.on = true;
+    stringSoundsSwitch.on = false;
+    freqChartSwitch.on = true;
+}
+
+ImageView& TunerScreenModel::ring(int n) {
+    switch (n) {
+    case 1: return ring1;
+    case 2: return ring2;
+    case 3: return ring3;
+    default: return ring4;
+    }
+}
+
+} // namespace uke

@@ -1,0 +1,57 @@
+// The naming-system picker and the note texts of the strings.
+#include "settings/SettingsKeys.h"
+#include "tuner/TuningCatalogue.h"
+#include "tuner/ViewController.h"
+
+namespace uke {
+
+void ViewController::loadPickerViewSettings() {
+    Picker& picker = screen_.establecerIdioma;
+    picker.rows.clear();
+    for (int i = 0; i < 6; ++i)
+        picker.rows.push_back(s_.strings.localized("Lang" + std::to_string(i)));
+    const double h = s_.device.screenHeight();
+    if (s_.device.idiom() == Idiom::Pad)
+        picker.scale = 0.9;
+    else if (s_.device.idiom() == Idiom::Phone && (h == 480 || h == 568 || h == 667 || h == 736))
+        picker.scale = 0.75;
+}
+
+long ViewController::numberOfRowsInComponent() const { return static_cast<long>(screen_.establecerIdioma.rows.size()); }
+
+std::string ViewController::titleForRow(long row) const {
+    const auto& rows = screen_.establecerIdioma.rows;
+    return row >= 0 && static_cast<size_t>(row) < rows.size() ? rows[static_cast<size_t>(row)] : std::string{};
+}
+
+void ViewController::didSelectRow(long row) {
+    if (row < 0 || row > 5)
+        return;
+    screen_.establecerIdioma.selectedRow = static_cast<int>(row);
+    state_.languageIndex = row;
+    s_.settings.setInteger(keys::SavedLanguage, row);
+    s_.settings.synchronize();
+}
+
+void ViewController::localizeNotes() {
+    if (!TuningCatalogue::contains(state_.chosenTuning))
+        return;
+    const Tuning& t = TuningCatalogue::tuning(state_.chosenTuning);
+    Label* notes[4] = {&screen_.firstString, &screen_.secondString, &screen_.thirdString, &screen_.fourthString};
+    Label* chart[4] = {&screen_.firstStringNoteAndFreq, &screen_.secondStringNoteAndFreq,
+                       &screen_.thirdStringNoteAndFreq, &screen_.fourthStringNoteAndFreq};
+    Button* buttons[4] = {&screen_.a4TFButton, &screen_.e4TFButton, &screen_.c4TFButton, &screen_.g4TFButton};
+    for (size_t i = 0; i < 4; ++i) {
+        const std::string name(pitchName(t.strings[i]));
+        notes[i]->text = name;
+        if (state_.frequencyChartOn)
+            chart[i]->text = name + format(" = %.1fHz", state_.targets[t.strings[i]].target);
+        buttons[i]->title = name;
+    }
+    screen_.calibrationLabel.text = s_.strings.localized("CalibrationTitle");
+    screen_.hZLabel.text = s_.strings.localized("HzTitle");
+}
+
+void ViewController::overrideDefaultLanguage() {}
+
+} // namespace uke

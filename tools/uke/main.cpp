@@ -1,0 +1,8 @@
+#include <iostream>
+
+#include "Commands.h"
+
+int main(int argc, char** argv) {
+    std::vector<std::string> words(argv + 1, argv + argc);
+    return uke::tool::run(words, std::cout, std::cerr);
+}
