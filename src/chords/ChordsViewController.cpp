@@ -2,8 +2,9 @@
 
 namespace uke {
 
-ChordsViewController::ChordsViewController(Services services, SharedState& state, RatingPrompt& rating)
-    : s_(services), state_(state), rating_(rating) {}
+ChordsViewController::ChordsViewController(Services services, SharedState& state, ChordScreenModel& screen,
+                                           RatingPrompt& rating)
+    : s_(services), state_(state), screen_(screen), rating_(rating) {}
 
 void ChordsViewController::viewDidLoad() {}
 

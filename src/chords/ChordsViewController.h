@@ -2,6 +2,7 @@
 #include <cstdint>
 
 #include "app/SharedState.h"
+#include "chords/ChordScreenModel.h"
 #include "platform/Services.h"
 
 namespace uke {
@@ -11,7 +12,7 @@ class RatingPrompt;
 // The chord library screen.
 class ChordsViewController {
 public:
-    ChordsViewController(Services services, SharedState& state, RatingPrompt& rating);
+    ChordsViewController(Services services, SharedState& state, ChordScreenModel& screen, RatingPrompt& rating);
 
     void viewDidLoad();
 
@@ -22,6 +23,7 @@ public:
 private:
     Services s_;
     SharedState& state_;
+    ChordScreenModel& screen_;
     RatingPrompt& rating_;
 };
 

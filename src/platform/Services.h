@@ -21,7 +21,7 @@ namespace uke {
 struct Services {
     RunLoop& runLoop;
     SettingsStore& settings;
-    StringTable& strings;
+    const StringTable& strings;
     Log& log;
     DeviceInfo& device;
     AudioCapture& capture;

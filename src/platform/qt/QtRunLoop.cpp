@@ -1,0 +1,38 @@
+#include "platform/qt/QtRunLoop.h"
+
+#include <QDateTime>
+#include <QMetaObject>
+#include <QThreadPool>
+#include <QTimer>
+#include <cmath>
+
+namespace uke {
+
+void QtRunLoop::run(const Task& task) {
+    task();
+    if (afterTask)
+        afterTask();
+}
+
+void QtRunLoop::performAfterDelay(double seconds, Task task) {
+    const int ms = seconds > 0.0 ? static_cast<int>(std::lround(seconds * 1000.0)) : 0;
+    QTimer::singleShot(ms, Qt::PreciseTimer, this, [this, task = std::move(task)] { run(task); });
+}
+
+void QtRunLoop::scheduleRepeating(double intervalSeconds, Task task) {
+    auto* timer = new QTimer(this);
+    timer->setTimerType(Qt::PreciseTimer);
+    timer->setInterval(std::max(1, static_cast<int>(std::lround(intervalSeconds * 1000.0))));
+    connect(timer, &QTimer::timeout, this, [this, task = std::move(task)] { run(task); });
+    timer->start();
+}
+
+double QtRunLoop::now() const { return static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 1000.0; }
+
+void QtRunLoop::dispatchMain(Task task) {
+    QMetaObject::invokeMethod(this, [this, task = std::move(task)] { run(task); }, Qt::QueuedConnection);
+}
+
+void QtRunLoop::dispatchBackground(Task task) { QThreadPool::globalInstance()->start(std::move(task)); }
+
+} // namespace uke

@@ -1,0 +1,26 @@
+#pragma once
+#include <QObject>
+#include <functional>
+
+#include "platform/RunLoop.h"
+
+namespace uke {
+
+// The run loop on Qt's main event loop. After every task it calls the
+// afterTask hook, which the app uses to push changed outlets to the view.
+class QtRunLoop : public QObject, public RunLoop {
+public:
+    explicit QtRunLoop(QObject* parent = nullptr) : QObject(parent) {}
+    void performAfterDelay(double seconds, Task task) override;
+    void scheduleRepeating(double intervalSeconds, Task task) override;
+    double now() const override;
+    void dispatchMain(Task task) override;
+    void dispatchBackground(Task task) override;
+
+    std::function<void()> afterTask;
+
+private:
+    void run(const Task& task);
+};
+
+} // namespace uke

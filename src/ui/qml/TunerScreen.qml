@@ -1,0 +1,208 @@
+import QtQuick
+import "Theme.js" as Theme
+
+// The tuner screen: written once, sized by the layout of the device class.
+Item {
+    id: screen
+    property var o: app.tuner
+    property var lay: app.layout
+    property var geo: app.geometry.headstock
+    property real u: lay.unit || 1
+    signal openSettings()
+    signal openAbout()
+    signal openTuningFork()
+    signal openChords()
+
+    Rectangle {
+        anchors.fill: parent
+        gradient: Gradient {
+            GradientStop { position: 0.0; color: Theme.backgroundTop }
+            GradientStop { position: 0.55; color: Theme.background }
+        }
+    }
+
+    // Title row: the tuning's name between the arrows.
+    Item {
+        id: titleRow
+        y: lay.topInset
+        width: parent.width; height: lay.titleHeight
+        IconButton {
+            objectName: "showPreviousTuningButton"
+            anchors.left: parent.left; anchors.leftMargin: lay.margin / 2
+            anchors.verticalCenter: parent.verticalCenter
+            width: lay.titleHeight; height: lay.titleHeight
+            icon: "arrow_left.png"
+            visible: !o.showPreviousTuningButton.hidden
+            onClicked: app.tunerAction("showPreviousTuning")
+        }
+        Text {
+            objectName: "currentTuningName"
+            anchors.centerIn: parent
+            width: parent.width - 2.4 * lay.titleHeight
+            horizontalAlignment: Text.AlignHCenter
+            elide: Text.ElideRight
+            text: o.currentTuningName.text
+            color: Theme.text
+            font.pixelSize: lay.titleFont
+            font.bold: true
+        }
+        IconButton {
+            objectName: "showNextTuningButton"
+            anchors.right: parent.right; anchors.rightMargin: lay.margin / 2
+            anchors.verticalCenter: parent.verticalCenter
+            width: lay.titleHeight; height: lay.titleHeight
+            icon: "arrow_right.png"
+            visible: !o.showNextTuningButton.hidden
+            onClicked: app.tunerAction("showNextTuning")
+        }
+    }
+
+    // Read-out: note, frequency and the in-tune lamp.
+    Item {
+        id: readout
+        anchors.top: titleRow.bottom
+        width: parent.width; height: lay.readoutHeight
+        Rectangle {
+            anchors.fill: parent
+            anchors.leftMargin: lay.margin; anchors.rightMargin: lay.margin
+            radius: 14 * u
+            color: Theme.panel
+            border.color: Theme.panelBorder
+        }
+        Column {
+            anchors.verticalCenter: parent.verticalCenter
+            x: lay.margin * 2
+            spacing: 2 * u
+            Text {
+                objectName: "noteDisplay"
+                text: o.noteDisplay.text === "" ? "–" : o.noteDisplay.text
+                color: o.LEDDisplay.image === "green64.png" ? Theme.good : Theme.text
+                font.pixelSize: lay.noteFont
+                font.bold: true
+            }
+            Text {
+                objectName: "freq_label"
+                text: o.freq_label.text === "" ? qsTr("Pluck a string") : o.freq_label.text
+                color: o.freq_label.text === "" ? Theme.muted : Theme.text
+                font.pixelSize: lay.freqFont
+            }
+        }
+        OutletImage {
+            objectName: "LEDDisplay"
+            anchors.right: parent.right; anchors.rightMargin: lay.margin * 2
+            anchors.verticalCenter: parent.verticalCenter
+            width: lay.readoutHeight * 0.62; height: width
+            outlet: lay.pad ? o.LEDDisplay128 : o.LEDDisplay
+        }
+    }
+
+    // The instrument's head, with the highlight and the peg rings laid over it.
+    Item {
+        id: head
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: readout.y + readout.height + lay.margin
+        width: lay.headWidth; height: lay.headHeight
+        property real sx: width / geo.width
+        property real sy: height / geo.height
+        Image {
+            anchors.fill: parent
+            source: "image://art/headstock.png"
+            sourceSize: Qt.size(Math.round(width), Math.round(height))
+        }
+        OutletImage { anchors.fill: parent; outlet: o.tunedString; objectName: "tunedString" }
+        OutletImage { anchors.fill: parent; outlet: o.tunedString5; objectName: "tunedString5" }
+        OutletImage { anchors.fill: parent; outlet: o.tunedStringiPad; objectName: "tunedStringiPad" }
+        OutletImage { anchors.fill: parent; outlet: o.ring1; objectName: "ring1" }
+        OutletImage { anchors.fill: parent; outlet: o.ring2; objectName: "ring2" }
+        OutletImage { anchors.fill: parent; outlet: o.ring3; objectName: "ring3" }
+        OutletImage { anchors.fill: parent; outlet: o.ring4; objectName: "ring4" }
+
+        // String names beside their pegs; a tap plays the string's recording.
+        Repeater {
+            model: [
+                { n: 1, label: o.firstString, action: "play1stStringSound" },
+                { n: 2, label: o.secondString, action: "play2ndStringSound" },
+                { n: 3, label: o.thirdString, action: "play3rdStringSound" },
+                { n: 4, label: o.fourthString, action: "play4thStringSound" }
+            ]
+            delegate: Rectangle {
+                property var peg: geo.pegs[String(modelData.n)]
+                property bool onRight: modelData.n <= 2
+                objectName: ["firstString", "secondString", "thirdString", "fourthString"][modelData.n - 1]
+                width: Math.max(lay.labelFont * 3.2, labelText.implicitWidth + lay.labelFont)
+                height: lay.labelFont * 2
+                radius: height / 2
+                color: Theme.panel
+                border.color: Theme.panelBorder
+                x: onRight ? peg.x * head.sx + 26 * head.sx : peg.x * head.sx - 26 * head.sx - width
+                y: peg.y * head.sy - height / 2
+                visible: !modelData.label.hidden
+                Text {
+                    id: labelText
+                    anchors.centerIn: parent
+                    text: modelData.label.text
+                    color: Theme.text
+                    font.pixelSize: lay.labelFont
+                    font.bold: true
+                }
+                MouseArea { anchors.fill: parent; onClicked: app.tunerAction(modelData.action) }
+            }
+        }
+    }
+
+    // The frequency chart: each string's note and target.
+    Grid {
+        id: chart
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: head.y + head.height + lay.margin
+        columns: 2
+        columnSpacing: lay.margin * 2
+        rowSpacing: 4 * u
+        Repeater {
+            model: [o.fourthStringNoteAndFreq, o.thirdStringNoteAndFreq, o.secondStringNoteAndFreq, o.firstStringNoteAndFreq]
+            delegate: Text {
+                objectName: ["fourthStringNoteAndFreq", "thirdStringNoteAndFreq", "secondStringNoteAndFreq", "firstStringNoteAndFreq"][index]
+                width: (screen.width - 6 * lay.margin) / 2
+                horizontalAlignment: index % 2 ? Text.AlignLeft : Text.AlignRight
+                text: modelData.text
+                visible: !modelData.hidden
+                color: Theme.muted
+                font.pixelSize: lay.labelFont
+            }
+        }
+    }
+
+    // Toolbar.
+    Row {
+        id: toolbar
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: parent.height - lay.bottomInset - lay.toolbarHeight
+        height: lay.toolbarHeight
+        spacing: (screen.width - 4 * lay.toolbarHeight) / 5
+        IconButton {
+            objectName: "settingsButton"
+            width: lay.toolbarHeight; height: lay.toolbarHeight
+            icon: "settings.png"
+            onClicked: screen.openSettings()
+        }
+        IconButton {
+            objectName: "tuningForkButton"
+            width: lay.toolbarHeight; height: lay.toolbarHeight
+            icon: "tuning_fork.png"
+            enabled: !o.tuningForkButton.hidden
+            onClicked: screen.openTuningFork()
+        }
+        IconButton {
+            objectName: "goToChordsLibraryButton"
+            width: lay.toolbarHeight; height: lay.toolbarHeight
+            icon: o.goToChordsLibraryButton.image
+            onClicked: screen.openChords()
+        }
+        IconButton {
+            objectName: "aboutButton"
+            width: lay.toolbarHeight; height: lay.toolbarHeight
+            icon: "about.png"
+            onClicked: screen.openAbout()
+        }
+    }
+}
