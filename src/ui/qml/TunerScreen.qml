@@ -112,10 +112,18 @@ Item {
         OutletImage { anchors.fill: parent; outlet: o.tunedString; objectName: "tunedString" }
         OutletImage { anchors.fill: parent; outlet: o.tunedString5; objectName: "tunedString5" }
         OutletImage { anchors.fill: parent; outlet: o.tunedStringiPad; objectName: "tunedStringiPad" }
-        OutletImage { anchors.fill: parent; outlet: o.ring1; objectName: "ring1" }
-        OutletImage { anchors.fill: parent; outlet: o.ring2; objectName: "ring2" }
-        OutletImage { anchors.fill: parent; outlet: o.ring3; objectName: "ring3" }
-        OutletImage { anchors.fill: parent; outlet: o.ring4; objectName: "ring4" }
+        // Each peg has its own ring view; the picture in it is whatever the logic names.
+        Repeater {
+            model: [o.ring1, o.ring2, o.ring3, o.ring4]
+            delegate: OutletImage {
+                property var peg: geo.pegs[String(index + 1)]
+                objectName: "ring" + (index + 1)
+                outlet: modelData
+                width: 62 * head.sx; height: width
+                x: peg.x * head.sx - width / 2
+                y: peg.y * head.sy - height / 2
+            }
+        }
 
         // String names beside their pegs; a tap plays the string's recording.
         Repeater {
