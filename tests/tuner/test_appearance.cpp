@@ -1,0 +1,107 @@
+#include "settings/SettingsKeys.h"
+#include "support/TunerFixture.h"
+
+namespace uke {
+namespace {
+
+class Appearance : public test::TunerFixture {};
+
+TEST_F(Appearance, FirstLaunchWipesAndSeedsThenMarks) {
+    platform.memoryStore.setInteger("chordsSearched", 12);
+    platform.memoryStore.setInteger(keys::kRatingPromptUseCount, 7);
+    launch();
+    EXPECT_EQ(platform.log.count("Me abriste por primera vez, voy a borrar los defaults"), 1u);
+    EXPECT_FALSE(platform.memoryStore.hasKey("chordsSearched"));
+    EXPECT_FALSE(platform.memoryStore.hasKey(keys::kRatingPromptUseCount));
+    auto& st = platform.memoryStore;
+    EXPECT_EQ(st.integerForKey(keys::SavedLanguage), 1);
+    EXPECT_EQ(st.integerForKey(keys::savedSliderValue), 5);
+    EXPECT_EQ(st.integerForKey(keys::soundNotificationEnabled), 1) << "a stored YES reads back as 1";
+    EXPECT_EQ(st.integerForKey(keys::stringSoundsEnabled), 0);
+    EXPECT_EQ(st.integerForKey(keys::frequencyChartEnabled), 1);
+    EXPECT_EQ(st.integerForKey(keys::savedA4Calibration), 440);
+    EXPECT_EQ(st.integerForKey(keys::numberOfRuns), 1);
+    EXPECT_TRUE(st.boolForKey(keys::NewLaunchOrvel));
+    EXPECT_FALSE(st.hasKey(keys::currentlyUsingTuningFork));
+    EXPECT_EQ(st.synchronizeCount, 2) << "once after the seven values, once after the marker";
+    EXPECT_EQ(screen.calibrationFrequencyValue.text, "440");
+    EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 440.0Hz");
+
+    controller->viewWillAppear();
+    EXPECT_EQ(st.integerForKey(keys::numberOfRuns), 2) << "every appearance counts";
+    EXPECT_EQ(platform.log.count("Me abriste por primera vez, voy a borrar los defaults"), 1u);
+}
+
+TEST_F(Appearance, FirstLaunchLeavesControlsAndFlagsAtTheirStartValues) {
+    state.micSensitivityValue = 3;
+    launch();
+    EXPECT_EQ(state.micSensitivityValue, 3);
+    EXPECT_EQ(state.a4Calibration, 0) << "only a returning launch loads the calibration into memory";
+    EXPECT_EQ(screen.setFrequencyValueStepper.value, 440.0);
+}
+
+TEST_F(Appearance, ReturningLaunchRestoresWithItsDeliberateLeftovers) {
+    launch();
+    auto& st = platform.memoryStore;
+    st.setBool(keys::frequencyChartEnabled, false);
+    st.setInteger(keys::savedSliderValue, 0);
+    st.setBool(keys::stringSoundsEnabled, true);
+    st.setInteger(keys::currentlyUsingTuningFork, 1);
+    st.setInteger(keys::savedA4Calibration, 5);
+    rebuild();
+    launch();
+
+    EXPECT_FALSE(screen.freqChartSwitch.on);
+    EXPECT_TRUE(state.frequencyChartOn) << "the chart keeps being written until the switch is flipped";
+    EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 5.0Hz");
+    EXPECT_EQ(screen.micSensitivitySlider.value, 0.0);
+    EXPECT_EQ(state.micSensitivityValue, 0);
+    EXPECT_EQ(state.bottomLimit, 0.002) << "thresholds wait for the slider to move";
+    EXPECT_EQ(state.topLimit, 0.0045);
+    EXPECT_TRUE(state.stringSoundsOn);
+    EXPECT_TRUE(screen.stringSoundsSwitch.on);
+    EXPECT_TRUE(screen.soundNotificationSwitch.on);
+    EXPECT_FALSE(state.soundNotificationOn) << "the tuning fork in use silences the beep";
+    EXPECT_EQ(screen.calibrationFrequencyValue.text, "05");
+    EXPECT_EQ(state.a4Calibration, 5);
+    EXPECT_EQ(st.integerForKey(keys::numberOfRuns), 2);
+}
+
+TEST_F(Appearance, OddStoredSwitchValuesAreIgnored) {
+    launch();
+    platform.memoryStore.setInteger(keys::soundNotificationEnabled, 7);
+    platform.memoryStore.setInteger(keys::frequencyChartEnabled, 2);
+    state.soundNotificationOn = false;
+    screen.freqChartSwitch.on = false;
+    controller->viewWillAppear();
+    EXPECT_FALSE(state.soundNotificationOn);
+    EXPECT_FALSE(screen.freqChartSwitch.on);
+}
+
+TEST_F(Appearance, CalibrationTakesEffectAtTheNextAppearance) {
+    launch();
+    controller->setFrequencyValue(442.0);
+    EXPECT_EQ(screen.calibrationFrequencyValue.text, "442");
+    EXPECT_EQ(platform.memoryStore.integerForKey(keys::savedA4Calibration), 442);
+    EXPECT_EQ(state.targets[Pitch::A4].target, 440.0);
+    EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 440.0Hz");
+    controller->viewWillAppear();
+    EXPECT_EQ(state.targets[Pitch::A4].target, 442.0);
+    EXPECT_EQ(state.targets[Pitch::G4].target, 442.0 * 0.8908987181408359);
+    EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 442.0Hz");
+}
+
+TEST_F(Appearance, LoadStartsListeningOnceAndLogsTheTuning) {
+    launch();
+    EXPECT_EQ(listener.listenCount, demoModeEnabled ? 0 : 1);
+    EXPECT_TRUE(platform.log.contains("ChosenTuning al arrancar es: 1"));
+    EXPECT_FALSE(screen.tuningForkButton.hidden);
+
+    rebuild();
+    platform.device.version = "5.1";
+    launch();
+    EXPECT_EQ(screen.tuningForkButton.hidden, !demoModeEnabled) << "no tuning fork before system 6";
+}
+
+} // namespace
+} // namespace uke
