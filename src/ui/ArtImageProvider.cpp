@@ -10,8 +10,9 @@ QImage ArtImageProvider::requestImage(const QString& id, QSize* size, const QSiz
     QString stem = id;
     if (stem.endsWith(QLatin1String(".png")))
         stem.chop(4);
-    QSvgRenderer renderer(QStringLiteral(":/images/") + stem + QStringLiteral(".svg"));
-    if (!renderer.isValid()) {
+    const QString file = QStringLiteral(":/images/") + stem + QStringLiteral(".svg");
+    QSvgRenderer renderer;
+    if (!QFile::exists(file) || !renderer.load(file)) {
         // A name the resources lack shows nothing, as an empty image view would.
         QImage blank(1, 1, QImage::Format_ARGB32_Premultiplied);
         blank.fill(Qt::transparent);
