@@ -82,6 +82,7 @@ TEST(TunerScreen, HeightOfNoTableStillGetsAUsableWindow) {
     ASSERT_NE(r.host->window(), nullptr);
     EXPECT_EQ(r.host->window()->height(), 900);
     EXPECT_EQ(r.host->layout().value("name").toString(), "Main_iPhoneXSMax");
+    QCoreApplication::processEvents();
     EXPECT_GT(varied(r.host->window()->grabWindow()), 0.05);
 }
 
