@@ -22,7 +22,8 @@ void ViewController::tickFree() {
     if (!TuningCatalogue::contains(state_.chosenTuning))
         return;
 
-    // Written as "limit > p" so that a level that is not a number fails the gate too.
+    // Both gates compare as written: a level that is not a number triggers neither,
+    // so such a tick leaves the screen alone.
     if (state_.bottomLimit > static_cast<double>(p) || f > 1000.0f) {
         displayNoStrings();
         return;

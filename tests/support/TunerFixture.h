@@ -51,10 +51,11 @@ protected:
     }
     // Moves virtual time on; the 10 ms tick fires along the way.
     void advance(double seconds) { platform.runLoop.advanceBy(seconds); }
-    // One tick with the given level and frequency.
+    // One tick with the given level and frequency; the timer's own ticks then hear silence.
     void tick(float level, float frequency) {
         listener.set(level, frequency);
         controller->tickFree();
+        listener.set(0.0f, 0.0f);
     }
     void setDevice(Idiom idiom, double height) {
         platform.device.idiomValue = idiom;
