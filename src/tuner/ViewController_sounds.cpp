@@ -1,8 +1,8 @@
 // Reference tone and recorded string samples.
+#include "settings/SettingsKeys.h"
 #include "sounds/ToneGenerator.h"
 #include "tuner/TuningCatalogue.h"
 #include "tuner/ViewController.h"
-#include "settings/SettingsKeys.h"
 
 namespace uke {
 
@@ -45,11 +45,10 @@ void ViewController::playStringSound(int string) {
     const std::string path = s_.resourcePath + "/" + std::string(pitchFileStem(pitch)) + ".mp3";
     // A fresh player per press: pressing twice restarts the note, and releasing the
     // old player ends its sound.
+    // A missing file gives no player and, as ever, no sound and no report.
     stringPlayer_ = s_.sounds.playerForFile(path);
     if (stringPlayer_)
         stringPlayer_->play();
-    else
-        s_.log.log("String sample unavailable: " + path);
 }
 
 void ViewController::play1stStringSound() { playStringSound(1); }
