@@ -8,4 +8,5 @@ export QT_QPA_PLATFORM=offscreen
 BUILD_DIR=build scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF
 (cd build && ctest --output-on-failure --timeout 300 -j2)
 BUILD_DIR=build-demo scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=ON -DUKE_BUILD_BENCH=OFF
-(cd build-demo && ctest --output-on-failure --timeout 300 -j2)
+# The frozen picture needs no audio: the device tests stay with the normal build.
+(cd build-demo && ctest --output-on-failure --timeout 300 -j2 -LE "e2e")
