@@ -47,6 +47,8 @@ FRETBOARD_HALF_AT_NUT = 58.0
 # Strings spread a little towards the bridge, as on the real neck.
 SPREAD = 1.07
 STRING_W = {1: 1.7, 2: 2.0, 3: 2.4, 4: 1.8}
+# Below this the neck and everything on it fade out towards the canvas bottom.
+FADE_TOP = 392.0
 
 
 # ---------------------------------------------------------------- SVG basics
@@ -123,6 +125,11 @@ class Svg:
             f'<radialGradient id="{gid}" gradientUnits="userSpaceOnUse" cx="{num(cx)}" cy="{num(cy)}" '
             f'r="{num(r)}"{focus}>{self._stops(stops)}</radialGradient>')
         return f"url(#{gid})"
+
+    def fading(self, colour, opacity=1.0):
+        """Paint of one colour that fades out down the neck, so the picture ends
+        softly on any background instead of with a cut."""
+        return self.linear(0, FADE_TOP, 0, H, [(0, colour, opacity), (1, colour, 0)])
 
     def text(self):
         head = (f'<svg xmlns="http://www.w3.org/2000/svg" version="1.2" baseProfile="tiny" '
@@ -422,18 +429,17 @@ def draw_tuner(svg, n):
     svg.add("circle", cx=px, cy=py, r=face_r, fill="none", stroke="#6e6453", stroke_width=0.6, stroke_opacity=0.6)
 
 
-def draw_string(svg, pts, w, over_fretboard_shadow=2.2):
+def draw_string(svg, pts, w):
     post, leave, nut, bottom = pts
-    upper = [leave, nut]
-    lower = [nut, bottom]
-    for seg, (dx, dy), op in ((upper, (1.1, 1.4), 0.38), (lower, (over_fretboard_shadow, 0.6), 0.5)):
-        svg.add("path", d=poly_d(translate(seg, dx, dy), closed=False), fill="none", stroke="#120700",
-                stroke_opacity=op, stroke_width=w * 1.1, stroke_linecap="round")
-    path = poly_d([leave, nut, bottom], closed=False)
-    svg.add("path", d=path, fill="none", stroke="#c9bda2", stroke_width=w, stroke_linecap="round",
-            stroke_linejoin="round")
+    # Shadows: close to the head's face, further from the fretboard the string stands over.
+    svg.add("path", d=poly_d(translate([leave, nut], 1.1, 1.4), closed=False), fill="none", stroke="#120700",
+            stroke_opacity=0.38, stroke_width=w * 1.1, stroke_linecap="round")
+    svg.add("path", d=poly_d(translate([nut, bottom], 2.2, 0.6), closed=False), fill="none",
+            stroke=svg.fading("#120700", 0.5), stroke_width=w * 1.1)
+    svg.add("path", d=poly_d([leave, nut, bottom], closed=False), fill="none", stroke=svg.fading("#c9bda2"),
+            stroke_width=w, stroke_linecap="round", stroke_linejoin="round")
     svg.add("path", d=poly_d(translate([leave, nut, bottom], -w * 0.18, 0), closed=False), fill="none",
-            stroke="#fffaf0", stroke_opacity=0.85, stroke_width=w * 0.42, stroke_linecap="round",
+            stroke=svg.fading("#fffaf0", 0.85), stroke_width=w * 0.42, stroke_linecap="round",
             stroke_linejoin="round")
 
 
@@ -462,10 +468,19 @@ def draw_bushing(svg, n):
         (0, "#6a6865"), (1, "#e8e7e3")]))
 
 
+def fade_factor(y):
+    return 1.0 if y <= FADE_TOP else max(0.0, (H - y) / (H - FADE_TOP))
+
+
 def draw_fretboard(svg, rng):
     board = fretboard_outline()
-    svg.add("path", d=poly_d(board), fill=svg.linear(CX - 62, 0, CX + 62, 0, [
-        (0, "#1f120b"), (0.18, "#35201a"), (0.5, "#3f271c"), (0.82, "#35201a"), (1, "#1f120b")]))
+    svg.add("path", d=poly_d(board), fill=svg.fading("#3c251b"))
+    # Darker towards the edges, built from strokes kept inside the board.
+    for sgn in (-1, 1):
+        for w, op in ((16, 0.10), (9, 0.14), (4, 0.2)):
+            x0 = CX + sgn * (FRETBOARD_HALF_AT_NUT - w / 2)
+            x1 = CX + sgn * (FRETBOARD_HALF_AT_NUT * SPREAD - w / 2)
+            svg.add("line", x1=x0, y1=NUT_Y, x2=x1, y2=H + 2, stroke=svg.fading("#0c0503", op), stroke_width=w)
     for i in range(26):
         u = -0.97 + 1.94 * (i + rng.uniform(0.1, 0.9)) / 26
         top = CX + u * FRETBOARD_HALF_AT_NUT
@@ -474,19 +489,22 @@ def draw_fretboard(svg, rng):
         pts = [(top + (bottom - top) * t + wob * math.sin(t * 3.1), NUT_Y + (H - NUT_Y + 2) * t)
                for t in (0, 0.25, 0.5, 0.75, 1.0)]
         dark = rng.random() < 0.6
-        svg.add("path", d=poly_d(pts, closed=False), fill="none", stroke="#0d0503" if dark else "#7a4a33",
-                stroke_width=rng.uniform(0.3, 1.0), stroke_opacity=rng.uniform(0.2, 0.4) if dark else 0.18)
+        width = rng.uniform(0.3, 1.0)
+        op = rng.uniform(0.2, 0.4) if dark else 0.18
+        svg.add("path", d=poly_d(pts, closed=False), fill="none",
+                stroke=svg.fading("#0d0503" if dark else "#7a4a33", op), stroke_width=width)
     # The edges catch a little light.
     for sgn in (-1, 1):
         svg.add("line", x1=CX + sgn * (FRETBOARD_HALF_AT_NUT - 0.6), y1=NUT_Y,
                 x2=CX + sgn * (FRETBOARD_HALF_AT_NUT * SPREAD - 0.6), y2=H + 2,
-                stroke="#c48a5e", stroke_opacity=0.35 if sgn < 0 else 0.15, stroke_width=1.0)
+                stroke=svg.fading("#c48a5e", 0.35 if sgn < 0 else 0.15), stroke_width=1.0)
     # Frets where a 13-inch scale puts them at this drawing's string spacing.
     for fy in (387.5, 442.0):
         s = span(board, fy)
         x0, x1 = s[0] + 0.4, s[1] - 0.4
-        svg.add("rect", x=x0, y=fy + 1.6, width=x1 - x0, height=1.8, fill="#000000", fill_opacity=0.45)
-        svg.add("rect", x=x0, y=fy - 1.5, width=x1 - x0, height=3.0, rx=1.2,
+        k = fade_factor(fy)
+        svg.add("rect", x=x0, y=fy + 1.6, width=x1 - x0, height=1.8, fill="#000000", fill_opacity=0.45 * k)
+        svg.add("rect", x=x0, y=fy - 1.5, width=x1 - x0, height=3.0, rx=1.2, fill_opacity=k,
                 fill=svg.linear(0, fy - 1.5, 0, fy + 1.5, [(0, "#ffffff"), (0.45, "#d6d5d2"), (1, "#6f6d6a")]))
 
 
@@ -511,7 +529,7 @@ def make_headstock():
     for (dx, dy, op) in ((6, 9, 0.10), (4, 6, 0.14), (2, 3, 0.22)):
         svg.add("path", d=poly_d(translate(outline, dx, dy)), fill="#000000", fill_opacity=op)
         board = fretboard_outline()
-        svg.add("path", d=poly_d(translate(board, dx, 0)), fill="#000000", fill_opacity=op)
+        svg.add("path", d=poly_d(translate(board, dx, 0)), fill=svg.fading("#000000", op))
 
     # Tuners behind the head's edge go first; their buttons sit beside it.
     for n in (1, 2, 3, 4):
@@ -545,12 +563,12 @@ def make_headstock():
 # head is drawn between 145 and 560 points wide, so the smaller the class the
 # wider the glow in the picture's own units, keeping it about the same on screen.
 HIGHLIGHT_VARIANTS = {
-    "_string": {"halo": 20.0, "core": 4.0, "strength": 1.00, "layers": 7},         # 480-pt phones
-    "_string_5": {"halo": 18.0, "core": 3.5, "strength": 0.97, "layers": 8},       # 568
-    "_string_6": {"halo": 16.0, "core": 3.1, "strength": 0.94, "layers": 9},       # 667
-    "_string_6plus": {"halo": 14.5, "core": 2.8, "strength": 0.92, "layers": 10},  # larger phones
-    "_string_iPad": {"halo": 13.5, "core": 2.6, "strength": 0.90, "layers": 11},   # 1024-pt pads
-    "_string_iPad_Pro": {"halo": 12.5, "core": 2.4, "strength": 0.88, "layers": 12},  # larger pads
+    "_string": {"halo": 23.0, "core": 4.2, "strength": 1.00, "layers": 7},         # 480-pt phones
+    "_string_5": {"halo": 20.5, "core": 3.7, "strength": 0.97, "layers": 8},       # 568
+    "_string_6": {"halo": 18.5, "core": 3.3, "strength": 0.94, "layers": 9},       # 667
+    "_string_6plus": {"halo": 16.5, "core": 3.0, "strength": 0.92, "layers": 10},  # larger phones
+    "_string_iPad": {"halo": 15.0, "core": 2.7, "strength": 0.90, "layers": 11},   # 1024-pt pads
+    "_string_iPad_Pro": {"halo": 14.0, "core": 2.5, "strength": 0.88, "layers": 12},  # larger pads
 }
 
 HIGHLIGHT_PREFIXES = {"1st": ([1], 1), "2nd": ([2], 2), "3rd": ([3], 3), "4th": ([4], 4),
@@ -570,12 +588,12 @@ def draw_glow(svg, n, colour, v):
     for i in range(layers):
         t = i / (layers - 1)
         width = halo - (halo - core) * t ** 0.8
-        svg.add("path", d=path, fill="none", stroke=colour, stroke_width=width,
-                stroke_opacity=(0.13 + 0.09 * t) * strength, stroke_linecap="round", stroke_linejoin="round")
-    svg.add("path", d=path, fill="none", stroke=lighten(colour, 0.45), stroke_width=core,
-            stroke_opacity=0.95, stroke_linecap="round", stroke_linejoin="round")
-    svg.add("path", d=path, fill="none", stroke="#ffffff", stroke_width=max(0.8, core * 0.38),
-            stroke_opacity=0.9, stroke_linecap="round", stroke_linejoin="round")
+        svg.add("path", d=path, fill="none", stroke=svg.fading(colour, (0.20 + 0.10 * t) * strength),
+                stroke_width=width, stroke_linecap="round", stroke_linejoin="round")
+    svg.add("path", d=path, fill="none", stroke=svg.fading(lighten(colour, 0.45), 0.95), stroke_width=core,
+            stroke_linecap="round", stroke_linejoin="round")
+    svg.add("path", d=path, fill="none", stroke=svg.fading("#ffffff", 0.9), stroke_width=max(0.8, core * 0.38),
+            stroke_linecap="round", stroke_linejoin="round")
 
 
 def make_highlight(prefix, suffix):
@@ -595,7 +613,7 @@ def make_ring(n):
     # Clear inside radius 30 so the button shows through; the 62-unit view makes
     # 100 ring units span 62 head units, and the button is 38 of them across.
     svg.add("circle", cx=50, cy=50, r=50, fill=svg.radial(50, 50, 50, [
-        (0, c, 0), (0.62, c, 0), (0.70, c, 0.38), (0.80, c, 0.55), (0.90, c, 0.2), (1, c, 0)]))
+        (0, c, 0), (0.60, c, 0), (0.68, c, 0.45), (0.80, c, 0.65), (0.90, c, 0.28), (1, c, 0)]))
     # Dial ticks outside the band, as on a tuner's scale.
     for i in range(24):
         a = math.radians(i * 15)
@@ -603,14 +621,14 @@ def make_ring(n):
         svg.add("line", x1=50 + r0 * math.cos(a), y1=50 + r0 * math.sin(a),
                 x2=50 + r1 * math.cos(a), y2=50 + r1 * math.sin(a), stroke=lighten(c, 0.35),
                 stroke_width=1.6 if i % 6 == 0 else 1.0, stroke_opacity=0.9, stroke_linecap="round")
-    svg.add("circle", cx=50, cy=50, r=37.5, fill="none", stroke=darken(c, 0.55), stroke_width=8.2, stroke_opacity=0.55)
-    svg.add("circle", cx=50, cy=50, r=37.5, fill="none", stroke_width=6.2, stroke=svg.linear(20, 15, 80, 85, [
+    svg.add("circle", cx=50, cy=50, r=37.5, fill="none", stroke=darken(c, 0.55), stroke_width=9.6, stroke_opacity=0.55)
+    svg.add("circle", cx=50, cy=50, r=37.5, fill="none", stroke_width=7.6, stroke=svg.linear(20, 15, 80, 85, [
         (0, lighten(c, 0.55)), (0.45, c), (1, darken(c, 0.25))]))
     svg.add("path", d=arc_d(50, 50, 37.5, 195, 295), fill="none", stroke="#ffffff", stroke_opacity=0.75,
-            stroke_width=1.8, stroke_linecap="round")
+            stroke_width=2.2, stroke_linecap="round")
     svg.add("path", d=arc_d(50, 50, 37.5, 20, 70), fill="none", stroke="#ffffff", stroke_opacity=0.3,
             stroke_width=1.2, stroke_linecap="round")
-    svg.add("circle", cx=50, cy=50, r=34.2, fill="none", stroke=lighten(c, 0.6), stroke_width=0.7, stroke_opacity=0.6)
+    svg.add("circle", cx=50, cy=50, r=33.5, fill="none", stroke=lighten(c, 0.6), stroke_width=0.7, stroke_opacity=0.6)
     return svg
 
 
