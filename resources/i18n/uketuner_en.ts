@@ -219,4 +219,51 @@
         <translation>Ukulele Tuner</translation>
     </message>
 </context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Ukulele Tuner</source>
+        <translation>Ukulele Tuner</translation>
+    </message>
+</context>
+<context>
+    <name>Sheet</name>
+    <message>
+        <source>Done</source>
+        <translation>Done</translation>
+    </message>
+</context>
+<context>
+    <name>TunerScreen</name>
+    <message>
+        <source>Pluck a string</source>
+        <translation>Pluck a string</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsSheet</name>
+    <message>
+        <source>Settings</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>Note names</source>
+        <translation>Note names</translation>
+    </message>
+</context>
+<context>
+    <name>AboutSheet</name>
+    <message>
+        <source>About</source>
+        <translation>About</translation>
+    </message>
+    <message>
+        <source>Rate the app</source>
+        <translation>Rate the app</translation>
+    </message>
+    <message>
+        <source>Visit the maker</source>
+        <translation>Visit the maker</translation>
+    </message>
+</context>
 </TS>

@@ -1,4 +1,5 @@
 // The naming-system picker and the note texts of the strings.
+#include "settings/NoteNaming.h"
 #include "settings/SettingsKeys.h"
 #include "tuner/TuningCatalogue.h"
 #include "tuner/ViewController.h"
@@ -52,6 +53,40 @@ void ViewController::localizeNotes() {
     screen_.hZLabel.text = s_.strings.localized("HzTitle");
 }
 
-void ViewController::overrideDefaultLanguage() {}
+void ViewController::overrideDefaultLanguage() {
+    const int64_t tuning = state_.chosenTuning;
+    if (tuning != 1 && tuning != 2)
+        return;
+    // Both the stored row and this process's row must agree: after a relaunch the
+    // process starts at row 1 while the store keeps the old choice, and then the
+    // letters of localizeNotes stay. Deliberate.
+    const long saved = s_.settings.integerForKey(keys::SavedLanguage);
+    const long row = state_.languageIndex;
+    if (row != saved)
+        return;
+
+    Label* notes[4] = {&screen_.firstString, &screen_.secondString, &screen_.thirdString, &screen_.fourthString};
+    if (row == static_cast<long>(NoteNamingSystem::DeviceLanguage)) {
+        // Every label gets octave 4, also the three tuning-2 strings that sound in octave 3.
+        const auto& noteKeys = deviceLanguageNoteKeys(tuning);
+        for (size_t i = 0; i < 4; ++i)
+            notes[i]->text = fillObjectFormat(s_.strings.localized(noteKeys[i]), "4");
+        return;
+    }
+    const NamedStrings* named = namedStrings(row, tuning);
+    if (!named)
+        return;
+    Label* chart[4] = {&screen_.firstStringNoteAndFreq, &screen_.secondStringNoteAndFreq,
+                       &screen_.thirdStringNoteAndFreq, &screen_.fourthStringNoteAndFreq};
+    Button* buttons[4] = {&screen_.a4TFButton, &screen_.e4TFButton, &screen_.c4TFButton, &screen_.g4TFButton};
+    const auto& pitches = namedPitches(tuning);
+    const bool writeChart = state_.frequencyChartOn || !named->honoursChartSwitch;
+    for (size_t i = 0; i < 4; ++i) {
+        notes[i]->text = named->notes[i];
+        if (writeChart)
+            chart[i]->text = format(named->chartFormats[i], state_.targets[pitches[i]].target);
+        buttons[i]->title = named->buttons[i];
+    }
+}
 
 } // namespace uke

@@ -87,8 +87,8 @@ void ViewController::prepareForSegue(const std::string& identifier, ChordsViewCo
 void ViewController::reviewQuenby() { promptToReview(); }
 
 void ViewController::redirectToMorvaneLabs() {
-    if (!makerUrl.empty())
-        s_.urls.openUrl(makerUrl);
+    // A host that names no address still gets the build's own.
+    s_.urls.openUrl(makerUrl.empty() ? std::string(UKE_MAKER_URL) : makerUrl);
 }
 
 } // namespace uke

@@ -16,6 +16,7 @@
 #include "audio/MicListener.h"
 #include "chords/ChordsViewController.h"
 #include "platform/qt/QtSettingsStore.h"
+#include "platform/qt/QtStringTable.h"
 #include "platform/virtual/TsStringTable.h"
 #include "rating/RatingPrompt.h"
 #include "sounds/ToneGenerator.h"
@@ -45,8 +46,9 @@ AppHost::AppHost(Options options, QObject* parent)
     : QObject(parent), options_(std::move(options)), device_(options_.device.idiom, options_.device.height) {
     log_.quiet = options_.quietLog;
     settings_ = std::make_unique<QtSettingsStore>(options_.settingsPath, log_);
-    const QString lang = options_.language.isEmpty() ? QLocale::system().name().section('_', 0, 0) : options_.language;
-    strings_ = &stringsForLanguage(lang.toStdString());
+    QtStringTable& strings = qtStringsForLanguage(options_.language);
+    strings.installForViews();
+    strings_ = &strings;
     capture_ = makeQtAudioCapture();
     output_ = makeQtAudioOutput();
     sounds_ = makeQtSoundPlayerFactory();

@@ -1,0 +1,269 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>Localizable</name>
+    <message>
+        <source>TuningFreeTitle1</source>
+        <translation>Standard  G C E A</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle2</source>
+        <translation>Tiefes G  G C E A</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle3</source>
+        <translation>D-Stimmung  A D Fis H</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle4</source>
+        <translation>Tiefes A  A D Fis H</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle5</source>
+        <translation>Bariton  D G H E</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle6</source>
+        <translation>Slack As  Fis H Dis Gis</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle7</source>
+        <translation>B-Stimmung  F B D G</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle8</source>
+        <translation>H-Stimmung  Gis Cis F Ais</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle9</source>
+        <translation>Kanadisches D  A D Fis H</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle10</source>
+        <translation>Offenes C  G C E G</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle11</source>
+        <translation>Offenes G  D G H D</translation>
+    </message>
+    <message>
+        <source>TunerAboutCongratsMessage</source>
+        <translation>Danke, dass du mit uns stimmst! Zupfe eine Saite nach der anderen und halte das Instrument nah am Gerät: Die Lampe wird grün, sobald die Saite gestimmt ist.</translation>
+    </message>
+    <message>
+        <source>TunerAboutMsg2</source>
+        <translation>Mit Sorgfalt für Ukulele-Spieler gemacht. Wenn dir das Stimmgerät hilft, hilft uns eine Bewertung, es weiter zu verbessern.</translation>
+    </message>
+    <message>
+        <source>MicSensitivityTitle</source>
+        <translation>Mikrofonempfindlichkeit</translation>
+    </message>
+    <message>
+        <source>SoundNotificationTitle</source>
+        <translation>Piepton bei richtiger Stimmung</translation>
+    </message>
+    <message>
+        <source>StringSoundsTitle</source>
+        <translation>Aufgenommene Saitenklänge</translation>
+    </message>
+    <message>
+        <source>FrequencyChartTitle</source>
+        <translation>Frequenztabelle</translation>
+    </message>
+    <message>
+        <source>CalibrationTitle</source>
+        <translation>Kalibrierung A4 =</translation>
+    </message>
+    <message>
+        <source>HzTitle</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>Lang0</source>
+        <translation>Gerätesprache</translation>
+    </message>
+    <message>
+        <source>Lang1</source>
+        <translation>Buchstaben (C D E)</translation>
+    </message>
+    <message>
+        <source>Lang2</source>
+        <translation>Solmisation (Do Re Mi)</translation>
+    </message>
+    <message>
+        <source>Lang3</source>
+        <translation>Solmisation (Do Ré Mi)</translation>
+    </message>
+    <message>
+        <source>Lang4</source>
+        <translation>Deutsch (C D E H)</translation>
+    </message>
+    <message>
+        <source>Lang5</source>
+        <translation>Kyrillisch (До Ре Ми)</translation>
+    </message>
+    <message>
+        <source>ANoteM</source>
+        <translation>A%@</translation>
+    </message>
+    <message>
+        <source>BNoteM</source>
+        <translation>H%@</translation>
+    </message>
+    <message>
+        <source>CNoteM</source>
+        <translation>C%@</translation>
+    </message>
+    <message>
+        <source>DNoteM</source>
+        <translation>D%@</translation>
+    </message>
+    <message>
+        <source>ENoteM</source>
+        <translation>E%@</translation>
+    </message>
+    <message>
+        <source>GNoteM</source>
+        <translation>G%@</translation>
+    </message>
+    <message>
+        <source>ChordsTitleGlobal</source>
+        <translation>Akkordbibliothek</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSCT</source>
+        <translation>Standardstimmung  G C E A</translation>
+    </message>
+    <message>
+        <source>ChordsTitleB</source>
+        <translation>Bariton  D G H E</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSl</source>
+        <translation>Offenes C  G C E G</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSlB</source>
+        <translation>Offenes G  D G H D</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>A#/B♭</source>
+        <translation>Ais/B</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <translation>H</translation>
+    </message>
+    <message>
+        <source>C</source>
+        <translation>C</translation>
+    </message>
+    <message>
+        <source>C#/D♭</source>
+        <translation>Cis/Des</translation>
+    </message>
+    <message>
+        <source>D</source>
+        <translation>D</translation>
+    </message>
+    <message>
+        <source>D#/E♭</source>
+        <translation>Dis/Es</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <translation>E</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>F</translation>
+    </message>
+    <message>
+        <source>F#/G♭</source>
+        <translation>Fis/Ges</translation>
+    </message>
+    <message>
+        <source>G</source>
+        <translation>G</translation>
+    </message>
+    <message>
+        <source>G#/A♭</source>
+        <translation>Gis/As</translation>
+    </message>
+</context>
+<context>
+    <name>RatingPromptLocalizable</name>
+    <message>
+        <source>Rate %@</source>
+        <translation>%@ bewerten</translation>
+    </message>
+    <message>
+        <source>If you enjoy using %@, would you mind taking a moment to rate it? It won't take more than a minute. Thanks for your support!</source>
+        <translation>Wenn dir %@ gefällt, würdest du dir einen Moment Zeit nehmen, um es zu bewerten? Es dauert nicht länger als eine Minute. Danke für deine Unterstützung!</translation>
+    </message>
+    <message>
+        <source>No, Thanks</source>
+        <translation>Nein, danke</translation>
+    </message>
+    <message>
+        <source>Remind me later</source>
+        <translation>Später erinnern</translation>
+    </message>
+    <message>
+        <source>CFBundleDisplayName</source>
+        <translation>Ukulele-Stimmgerät</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Ukulele Tuner</source>
+        <translation>Ukulele-Stimmgerät</translation>
+    </message>
+</context>
+<context>
+    <name>Sheet</name>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+</context>
+<context>
+    <name>TunerScreen</name>
+    <message>
+        <source>Pluck a string</source>
+        <translation>Zupfe eine Saite</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsSheet</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Note names</source>
+        <translation>Notennamen</translation>
+    </message>
+</context>
+<context>
+    <name>AboutSheet</name>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Rate the app</source>
+        <translation>App bewerten</translation>
+    </message>
+    <message>
+        <source>Visit the maker</source>
+        <translation>Zum Hersteller</translation>
+    </message>
+</context>
+</TS>

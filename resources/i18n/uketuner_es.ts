@@ -1,0 +1,269 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es">
+<context>
+    <name>Localizable</name>
+    <message>
+        <source>TuningFreeTitle1</source>
+        <translation>Estándar  Sol Do Mi La</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle2</source>
+        <translation>Sol grave  Sol Do Mi La</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle3</source>
+        <translation>Afinación en Re  La Re Fa# Si</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle4</source>
+        <translation>La grave  La Re Fa# Si</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle5</source>
+        <translation>Barítono  Re Sol Si Mi</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle6</source>
+        <translation>Slack La♭  Fa# Si Re# Sol#</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle7</source>
+        <translation>Afinación en Si♭  Fa La# Re Sol</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle8</source>
+        <translation>Afinación en Si  Sol# Do# Fa La#</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle9</source>
+        <translation>Re canadiense  La Re Fa# Si</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle10</source>
+        <translation>Do abierto  Sol Do Mi Sol</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle11</source>
+        <translation>Sol abierto  Re Sol Si Re</translation>
+    </message>
+    <message>
+        <source>TunerAboutCongratsMessage</source>
+        <translation>¡Gracias por afinar con nosotros! Pulsa las cuerdas de una en una y mantén el instrumento cerca: la luz se pone verde cuando la cuerda está afinada.</translation>
+    </message>
+    <message>
+        <source>TunerAboutMsg2</source>
+        <translation>Hecho con cariño para quienes tocan el ukelele. Si el afinador te ayuda, tu valoración nos ayuda a seguir mejorándolo.</translation>
+    </message>
+    <message>
+        <source>MicSensitivityTitle</source>
+        <translation>Sensibilidad del micrófono</translation>
+    </message>
+    <message>
+        <source>SoundNotificationTitle</source>
+        <translation>Pitido al afinar</translation>
+    </message>
+    <message>
+        <source>StringSoundsTitle</source>
+        <translation>Sonidos de cuerdas grabados</translation>
+    </message>
+    <message>
+        <source>FrequencyChartTitle</source>
+        <translation>Tabla de frecuencias</translation>
+    </message>
+    <message>
+        <source>CalibrationTitle</source>
+        <translation>Calibración La4 =</translation>
+    </message>
+    <message>
+        <source>HzTitle</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>Lang0</source>
+        <translation>Idioma del dispositivo</translation>
+    </message>
+    <message>
+        <source>Lang1</source>
+        <translation>Letras (C D E)</translation>
+    </message>
+    <message>
+        <source>Lang2</source>
+        <translation>Solfeo (Do Re Mi)</translation>
+    </message>
+    <message>
+        <source>Lang3</source>
+        <translation>Solfeo (Do Ré Mi)</translation>
+    </message>
+    <message>
+        <source>Lang4</source>
+        <translation>Alemán (C D E H)</translation>
+    </message>
+    <message>
+        <source>Lang5</source>
+        <translation>Cirílico (До Ре Ми)</translation>
+    </message>
+    <message>
+        <source>ANoteM</source>
+        <translation>La%@</translation>
+    </message>
+    <message>
+        <source>BNoteM</source>
+        <translation>Si%@</translation>
+    </message>
+    <message>
+        <source>CNoteM</source>
+        <translation>Do%@</translation>
+    </message>
+    <message>
+        <source>DNoteM</source>
+        <translation>Re%@</translation>
+    </message>
+    <message>
+        <source>ENoteM</source>
+        <translation>Mi%@</translation>
+    </message>
+    <message>
+        <source>GNoteM</source>
+        <translation>Sol%@</translation>
+    </message>
+    <message>
+        <source>ChordsTitleGlobal</source>
+        <translation>Biblioteca de acordes</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSCT</source>
+        <translation>Afinación estándar  Sol Do Mi La</translation>
+    </message>
+    <message>
+        <source>ChordsTitleB</source>
+        <translation>Barítono  Re Sol Si Mi</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSl</source>
+        <translation>Do abierto  Sol Do Mi Sol</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSlB</source>
+        <translation>Sol abierto  Re Sol Si Re</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>La</translation>
+    </message>
+    <message>
+        <source>A#/B♭</source>
+        <translation>La#/Si♭</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <translation>Si</translation>
+    </message>
+    <message>
+        <source>C</source>
+        <translation>Do</translation>
+    </message>
+    <message>
+        <source>C#/D♭</source>
+        <translation>Do#/Re♭</translation>
+    </message>
+    <message>
+        <source>D</source>
+        <translation>Re</translation>
+    </message>
+    <message>
+        <source>D#/E♭</source>
+        <translation>Re#/Mi♭</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <translation>Mi</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>Fa</translation>
+    </message>
+    <message>
+        <source>F#/G♭</source>
+        <translation>Fa#/Sol♭</translation>
+    </message>
+    <message>
+        <source>G</source>
+        <translation>Sol</translation>
+    </message>
+    <message>
+        <source>G#/A♭</source>
+        <translation>Sol#/La♭</translation>
+    </message>
+</context>
+<context>
+    <name>RatingPromptLocalizable</name>
+    <message>
+        <source>Rate %@</source>
+        <translation>Valorar %@</translation>
+    </message>
+    <message>
+        <source>If you enjoy using %@, would you mind taking a moment to rate it? It won't take more than a minute. Thanks for your support!</source>
+        <translation>Si te gusta usar %@, ¿te importaría dedicar un momento a valorarla? No te llevará más de un minuto. ¡Gracias por tu apoyo!</translation>
+    </message>
+    <message>
+        <source>No, Thanks</source>
+        <translation>No, gracias</translation>
+    </message>
+    <message>
+        <source>Remind me later</source>
+        <translation>Recordármelo más tarde</translation>
+    </message>
+    <message>
+        <source>CFBundleDisplayName</source>
+        <translation>Afinador de ukelele</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Ukulele Tuner</source>
+        <translation>Afinador de ukelele</translation>
+    </message>
+</context>
+<context>
+    <name>Sheet</name>
+    <message>
+        <source>Done</source>
+        <translation>Listo</translation>
+    </message>
+</context>
+<context>
+    <name>TunerScreen</name>
+    <message>
+        <source>Pluck a string</source>
+        <translation>Pulsa una cuerda</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsSheet</name>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>Note names</source>
+        <translation>Nombres de las notas</translation>
+    </message>
+</context>
+<context>
+    <name>AboutSheet</name>
+    <message>
+        <source>About</source>
+        <translation>Acerca de</translation>
+    </message>
+    <message>
+        <source>Rate the app</source>
+        <translation>Valorar la app</translation>
+    </message>
+    <message>
+        <source>Visit the maker</source>
+        <translation>Visitar al creador</translation>
+    </message>
+</context>
+</TS>

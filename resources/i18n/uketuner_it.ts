@@ -1,0 +1,269 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="it">
+<context>
+    <name>Localizable</name>
+    <message>
+        <source>TuningFreeTitle1</source>
+        <translation>Standard  Sol Do Mi La</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle2</source>
+        <translation>Sol basso  Sol Do Mi La</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle3</source>
+        <translation>Accordatura in Re  La Re Fa# Si</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle4</source>
+        <translation>La basso  La Re Fa# Si</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle5</source>
+        <translation>Baritono  Re Sol Si Mi</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle6</source>
+        <translation>Slack La♭  Fa# Si Re# Sol#</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle7</source>
+        <translation>Accordatura in Si♭  Fa La# Re Sol</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle8</source>
+        <translation>Accordatura in Si  Sol# Do# Fa La#</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle9</source>
+        <translation>Re canadese  La Re Fa# Si</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle10</source>
+        <translation>Do aperto  Sol Do Mi Sol</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle11</source>
+        <translation>Sol aperto  Re Sol Si Re</translation>
+    </message>
+    <message>
+        <source>TunerAboutCongratsMessage</source>
+        <translation>Grazie per accordare con noi! Pizzica una corda alla volta e tieni lo strumento vicino: la spia diventa verde quando la corda è intonata.</translation>
+    </message>
+    <message>
+        <source>TunerAboutMsg2</source>
+        <translation>Realizzato con cura per chi suona l'ukulele. Se l'accordatore ti è utile, una valutazione ci aiuta a continuare a migliorarlo.</translation>
+    </message>
+    <message>
+        <source>MicSensitivityTitle</source>
+        <translation>Sensibilità del microfono</translation>
+    </message>
+    <message>
+        <source>SoundNotificationTitle</source>
+        <translation>Segnale acustico a corda intonata</translation>
+    </message>
+    <message>
+        <source>StringSoundsTitle</source>
+        <translation>Suoni registrati delle corde</translation>
+    </message>
+    <message>
+        <source>FrequencyChartTitle</source>
+        <translation>Tabella delle frequenze</translation>
+    </message>
+    <message>
+        <source>CalibrationTitle</source>
+        <translation>Calibrazione La4 =</translation>
+    </message>
+    <message>
+        <source>HzTitle</source>
+        <translation>Hz</translation>
+    </message>
+    <message>
+        <source>Lang0</source>
+        <translation>Lingua del dispositivo</translation>
+    </message>
+    <message>
+        <source>Lang1</source>
+        <translation>Lettere (C D E)</translation>
+    </message>
+    <message>
+        <source>Lang2</source>
+        <translation>Solfeggio (Do Re Mi)</translation>
+    </message>
+    <message>
+        <source>Lang3</source>
+        <translation>Solfeggio (Do Ré Mi)</translation>
+    </message>
+    <message>
+        <source>Lang4</source>
+        <translation>Tedesco (C D E H)</translation>
+    </message>
+    <message>
+        <source>Lang5</source>
+        <translation>Cirillico (До Ре Ми)</translation>
+    </message>
+    <message>
+        <source>ANoteM</source>
+        <translation>La%@</translation>
+    </message>
+    <message>
+        <source>BNoteM</source>
+        <translation>Si%@</translation>
+    </message>
+    <message>
+        <source>CNoteM</source>
+        <translation>Do%@</translation>
+    </message>
+    <message>
+        <source>DNoteM</source>
+        <translation>Re%@</translation>
+    </message>
+    <message>
+        <source>ENoteM</source>
+        <translation>Mi%@</translation>
+    </message>
+    <message>
+        <source>GNoteM</source>
+        <translation>Sol%@</translation>
+    </message>
+    <message>
+        <source>ChordsTitleGlobal</source>
+        <translation>Libreria di accordi</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSCT</source>
+        <translation>Accordatura standard  Sol Do Mi La</translation>
+    </message>
+    <message>
+        <source>ChordsTitleB</source>
+        <translation>Baritono  Re Sol Si Mi</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSl</source>
+        <translation>Do aperto  Sol Do Mi Sol</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSlB</source>
+        <translation>Sol aperto  Re Sol Si Re</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>La</translation>
+    </message>
+    <message>
+        <source>A#/B♭</source>
+        <translation>La#/Si♭</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <translation>Si</translation>
+    </message>
+    <message>
+        <source>C</source>
+        <translation>Do</translation>
+    </message>
+    <message>
+        <source>C#/D♭</source>
+        <translation>Do#/Re♭</translation>
+    </message>
+    <message>
+        <source>D</source>
+        <translation>Re</translation>
+    </message>
+    <message>
+        <source>D#/E♭</source>
+        <translation>Re#/Mi♭</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <translation>Mi</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>Fa</translation>
+    </message>
+    <message>
+        <source>F#/G♭</source>
+        <translation>Fa#/Sol♭</translation>
+    </message>
+    <message>
+        <source>G</source>
+        <translation>Sol</translation>
+    </message>
+    <message>
+        <source>G#/A♭</source>
+        <translation>Sol#/La♭</translation>
+    </message>
+</context>
+<context>
+    <name>RatingPromptLocalizable</name>
+    <message>
+        <source>Rate %@</source>
+        <translation>Valuta %@</translation>
+    </message>
+    <message>
+        <source>If you enjoy using %@, would you mind taking a moment to rate it? It won't take more than a minute. Thanks for your support!</source>
+        <translation>Se ti piace usare %@, ti andrebbe di dedicare un momento a valutarla? Non ci vorrà più di un minuto. Grazie per il tuo supporto!</translation>
+    </message>
+    <message>
+        <source>No, Thanks</source>
+        <translation>No, grazie</translation>
+    </message>
+    <message>
+        <source>Remind me later</source>
+        <translation>Ricordamelo più tardi</translation>
+    </message>
+    <message>
+        <source>CFBundleDisplayName</source>
+        <translation>Accordatore per ukulele</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Ukulele Tuner</source>
+        <translation>Accordatore per ukulele</translation>
+    </message>
+</context>
+<context>
+    <name>Sheet</name>
+    <message>
+        <source>Done</source>
+        <translation>Fine</translation>
+    </message>
+</context>
+<context>
+    <name>TunerScreen</name>
+    <message>
+        <source>Pluck a string</source>
+        <translation>Pizzica una corda</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsSheet</name>
+    <message>
+        <source>Settings</source>
+        <translation>Impostazioni</translation>
+    </message>
+    <message>
+        <source>Note names</source>
+        <translation>Nomi delle note</translation>
+    </message>
+</context>
+<context>
+    <name>AboutSheet</name>
+    <message>
+        <source>About</source>
+        <translation>Informazioni</translation>
+    </message>
+    <message>
+        <source>Rate the app</source>
+        <translation>Valuta l'app</translation>
+    </message>
+    <message>
+        <source>Visit the maker</source>
+        <translation>Visita il creatore</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,269 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ru">
+<context>
+    <name>Localizable</name>
+    <message>
+        <source>TuningFreeTitle1</source>
+        <translation>Стандартный  Соль До Ми Ля</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle2</source>
+        <translation>Низкий Соль  Соль До Ми Ля</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle3</source>
+        <translation>Строй Ре  Ля Ре Фа# Си</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle4</source>
+        <translation>Низкий Ля  Ля Ре Фа# Си</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle5</source>
+        <translation>Баритон  Ре Соль Си Ми</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle6</source>
+        <translation>Слэк Ля♭  Фа# Си Ре# Соль#</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle7</source>
+        <translation>Строй Си♭  Фа Ля# Ре Соль</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle8</source>
+        <translation>Строй Си  Соль# До# Фа Ля#</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle9</source>
+        <translation>Канадский Ре  Ля Ре Фа# Си</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle10</source>
+        <translation>Открытый До  Соль До Ми Соль</translation>
+    </message>
+    <message>
+        <source>TuningFreeTitle11</source>
+        <translation>Открытый Соль  Ре Соль Си Ре</translation>
+    </message>
+    <message>
+        <source>TunerAboutCongratsMessage</source>
+        <translation>Спасибо, что настраиваетесь с нами! Дёргайте струны по одной и держите инструмент поближе: лампа становится зелёной, когда струна настроена.</translation>
+    </message>
+    <message>
+        <source>TunerAboutMsg2</source>
+        <translation>Сделано с заботой об исполнителях на укулеле. Если тюнер вам помогает, ваша оценка поможет нам делать его лучше.</translation>
+    </message>
+    <message>
+        <source>MicSensitivityTitle</source>
+        <translation>Чувствительность микрофона</translation>
+    </message>
+    <message>
+        <source>SoundNotificationTitle</source>
+        <translation>Сигнал при точной настройке</translation>
+    </message>
+    <message>
+        <source>StringSoundsTitle</source>
+        <translation>Записанные звуки струн</translation>
+    </message>
+    <message>
+        <source>FrequencyChartTitle</source>
+        <translation>Таблица частот</translation>
+    </message>
+    <message>
+        <source>CalibrationTitle</source>
+        <translation>Калибровка Ля4 =</translation>
+    </message>
+    <message>
+        <source>HzTitle</source>
+        <translation>Гц</translation>
+    </message>
+    <message>
+        <source>Lang0</source>
+        <translation>Язык устройства</translation>
+    </message>
+    <message>
+        <source>Lang1</source>
+        <translation>Буквы (C D E)</translation>
+    </message>
+    <message>
+        <source>Lang2</source>
+        <translation>Сольфеджио (Do Re Mi)</translation>
+    </message>
+    <message>
+        <source>Lang3</source>
+        <translation>Сольфеджио (Do Ré Mi)</translation>
+    </message>
+    <message>
+        <source>Lang4</source>
+        <translation>Немецкие (C D E H)</translation>
+    </message>
+    <message>
+        <source>Lang5</source>
+        <translation>Кириллица (До Ре Ми)</translation>
+    </message>
+    <message>
+        <source>ANoteM</source>
+        <translation>Ля%@</translation>
+    </message>
+    <message>
+        <source>BNoteM</source>
+        <translation>Си%@</translation>
+    </message>
+    <message>
+        <source>CNoteM</source>
+        <translation>До%@</translation>
+    </message>
+    <message>
+        <source>DNoteM</source>
+        <translation>Ре%@</translation>
+    </message>
+    <message>
+        <source>ENoteM</source>
+        <translation>Ми%@</translation>
+    </message>
+    <message>
+        <source>GNoteM</source>
+        <translation>Соль%@</translation>
+    </message>
+    <message>
+        <source>ChordsTitleGlobal</source>
+        <translation>Библиотека аккордов</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSCT</source>
+        <translation>Стандартный строй  Соль До Ми Ля</translation>
+    </message>
+    <message>
+        <source>ChordsTitleB</source>
+        <translation>Баритон  Ре Соль Си Ми</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSl</source>
+        <translation>Открытый До  Соль До Ми Соль</translation>
+    </message>
+    <message>
+        <source>ChordsTitleSlB</source>
+        <translation>Открытый Соль  Ре Соль Си Ре</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <translation>Ля</translation>
+    </message>
+    <message>
+        <source>A#/B♭</source>
+        <translation>Ля#/Си♭</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <translation>Си</translation>
+    </message>
+    <message>
+        <source>C</source>
+        <translation>До</translation>
+    </message>
+    <message>
+        <source>C#/D♭</source>
+        <translation>До#/Ре♭</translation>
+    </message>
+    <message>
+        <source>D</source>
+        <translation>Ре</translation>
+    </message>
+    <message>
+        <source>D#/E♭</source>
+        <translation>Ре#/Ми♭</translation>
+    </message>
+    <message>
+        <source>E</source>
+        <translation>Ми</translation>
+    </message>
+    <message>
+        <source>F</source>
+        <translation>Фа</translation>
+    </message>
+    <message>
+        <source>F#/G♭</source>
+        <translation>Фа#/Соль♭</translation>
+    </message>
+    <message>
+        <source>G</source>
+        <translation>Соль</translation>
+    </message>
+    <message>
+        <source>G#/A♭</source>
+        <translation>Соль#/Ля♭</translation>
+    </message>
+</context>
+<context>
+    <name>RatingPromptLocalizable</name>
+    <message>
+        <source>Rate %@</source>
+        <translation>Оценить %@</translation>
+    </message>
+    <message>
+        <source>If you enjoy using %@, would you mind taking a moment to rate it? It won't take more than a minute. Thanks for your support!</source>
+        <translation>Если вам нравится %@, не могли бы вы уделить минутку и оценить приложение? Это займёт не больше минуты. Спасибо за поддержку!</translation>
+    </message>
+    <message>
+        <source>No, Thanks</source>
+        <translation>Нет, спасибо</translation>
+    </message>
+    <message>
+        <source>Remind me later</source>
+        <translation>Напомнить позже</translation>
+    </message>
+    <message>
+        <source>CFBundleDisplayName</source>
+        <translation>Тюнер для укулеле</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Ukulele Tuner</source>
+        <translation>Тюнер для укулеле</translation>
+    </message>
+</context>
+<context>
+    <name>Sheet</name>
+    <message>
+        <source>Done</source>
+        <translation>Готово</translation>
+    </message>
+</context>
+<context>
+    <name>TunerScreen</name>
+    <message>
+        <source>Pluck a string</source>
+        <translation>Дёрните струну</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsSheet</name>
+    <message>
+        <source>Settings</source>
+        <translation>Настройки</translation>
+    </message>
+    <message>
+        <source>Note names</source>
+        <translation>Названия нот</translation>
+    </message>
+</context>
+<context>
+    <name>AboutSheet</name>
+    <message>
+        <source>About</source>
+        <translation>О программе</translation>
+    </message>
+    <message>
+        <source>Rate the app</source>
+        <translation>Оценить приложение</translation>
+    </message>
+    <message>
+        <source>Visit the maker</source>
+        <translation>Сайт разработчика</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,183 @@
+// The settings and about panels of the tuner screen.
+#include <gtest/gtest.h>
+
+#include "chords/ChordsViewController.h"
+#include "settings/SensitivityLimitTable.h"
+#include "settings/SettingsKeys.h"
+#include "support/TunerFixture.h"
+
+namespace uke {
+namespace {
+
+using SettingsPanel = test::TunerFixture;
+
+struct SliderCase {
+    float reading;
+    long stepInUse;
+    double shown; // the slider after snapping
+    long stored;
+    double bottom, top;
+};
+
+TEST_F(SettingsPanel, SliderSnapsStoresAndSetsTheThresholds) {
+    const SliderCase cases[] = {
+        {0.0f, 0, 0.0, 0, 0.007, 0.0095}, {4.6f, 4, 5.0, 5, 0.003, 0.0055}, {4.5f, 4, 5.0, 5, 0.003, 0.0055},
+        {5.0f, 5, 5.0, 5, 0.002, 0.0045}, {7.0f, 7, 7.0, 7, 0.002, 0.0045}, {10.0f, 10, 10.0, 10, 0.002, 0.0045},
+        {0.4f, 0, 0.0, 0, 0.007, 0.0095}, {3.0f, 3, 3.0, 3, 0.004, 0.0065},
+    };
+    launch();
+    for (const SliderCase& c : cases) {
+        SCOPED_TRACE(c.reading);
+        platform.log.lines.clear();
+        const int syncs = platform.memoryStore.synchronizeCount;
+        controller->micSensitivity(c.reading);
+        EXPECT_EQ(state.micSensitivityValue, c.stepInUse);
+        EXPECT_EQ(screen.micSensitivitySlider.value, c.shown);
+        EXPECT_EQ(platform.memoryStore.integerForKey(keys::savedSliderValue), c.stored);
+        EXPECT_EQ(platform.memoryStore.synchronizeCount, syncs + 1);
+        EXPECT_EQ(state.bottomLimit, c.bottom);
+        EXPECT_EQ(state.topLimit, c.top);
+        ASSERT_EQ(platform.log.lines.size(), 3u);
+        EXPECT_EQ(platform.log.lines[0], "micSensitivityValue: " + std::to_string(c.stepInUse));
+        EXPECT_EQ(platform.log.lines[1], format("bottomLimit: %f", c.bottom));
+        EXPECT_EQ(platform.log.lines[2], format("topLimit: %f", c.top));
+    }
+}
+
+TEST_F(SettingsPanel, SliderBeyondTenIsStoredButMovesNoThreshold) {
+    launch();
+    controller->micSensitivity(0.0f);
+    controller->micSensitivity(11.0f);
+    EXPECT_EQ(state.micSensitivityValue, 11);
+    EXPECT_EQ(platform.memoryStore.integerForKey(keys::savedSliderValue), 11);
+    EXPECT_EQ(state.bottomLimit, 0.007);
+    EXPECT_EQ(state.topLimit, 0.0095);
+    EXPECT_EQ(platform.log.lines.back(), "topLimit: 0.009500");
+    // Compared unsigned, a step below zero is no step either.
+    controller->micSensitivity(-2.0f);
+    EXPECT_EQ(state.micSensitivityValue, -2);
+    EXPECT_EQ(state.bottomLimit, 0.007);
+}
+
+TEST_F(SettingsPanel, SensitivityTableRowsFiveToTenAreTheSame) {
+    EXPECT_EQ(SensitivityLimitTable::forStep(0).bottomLimit, 0.007);
+    EXPECT_EQ(SensitivityLimitTable::forStep(4).topLimit, 0.0055);
+    for (long step = 5; step <= 10; ++step) {
+        EXPECT_EQ(SensitivityLimitTable::forStep(step).bottomLimit, 0.002) << step;
+        EXPECT_EQ(SensitivityLimitTable::forStep(step).topLimit, 0.0045) << step;
+    }
+    for (long step = 1; step <= 5; ++step)
+        EXPECT_LT(SensitivityLimitTable::forStep(step).bottomLimit,
+                  SensitivityLimitTable::forStep(step - 1).bottomLimit);
+}
+
+TEST_F(SettingsPanel, StepperShowsAndStoresAtOnceButRetunesOnlyAtTheNextAppearance) {
+    launch();
+    controller->setFrequencyValue(442.9);
+    EXPECT_EQ(screen.calibrationFrequencyValue.text, "442");
+    EXPECT_EQ(state.a4Calibration, 442);
+    EXPECT_EQ(platform.memoryStore.integerForKey(keys::savedA4Calibration), 442);
+    // Changing tuning rewrites the chart from the old targets.
+    controller->showNextTuning();
+    controller->showPreviousTuning();
+    EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 440.0Hz");
+    EXPECT_EQ(state.targets[Pitch::A4].target, 440.0);
+    controller->viewWillAppear();
+    EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 442.0Hz");
+    EXPECT_EQ(screen.setFrequencyValueStepper.value, 442.0);
+    EXPECT_EQ(screen.calibrationFrequencyValue.text, "442");
+}
+
+TEST_F(SettingsPanel, SwitchesWriteThroughAndLogTheirState) {
+    launch();
+    platform.log.lines.clear();
+    controller->soundNotificationAction(false);
+    EXPECT_FALSE(state.soundNotificationOn);
+    EXPECT_EQ(platform.memoryStore.value(keys::soundNotificationEnabled), SettingValue{false});
+    controller->toggleStringSounds(true);
+    EXPECT_TRUE(state.stringSoundsOn);
+    EXPECT_EQ(platform.memoryStore.integerForKey(keys::stringSoundsEnabled), 1);
+    controller->toggleFreqChart(false);
+    EXPECT_FALSE(state.frequencyChartOn);
+    EXPECT_EQ(platform.memoryStore.integerForKey(keys::frequencyChartEnabled), 0);
+    controller->toggleFreqChart(true);
+    EXPECT_EQ(platform.log.lines, (std::vector<std::string>{
+                                      "Has apagado el Switch, valor de la variable = 0",
+                                      "Has encendido el Switch, valor de la variable = 1",
+                                      "Frequency chart IS NOT enabled: 0",
+                                      "Frequency chart IS enabled: 1",
+                                  }));
+}
+
+TEST_F(SettingsPanel, ChartOffKeepsThePreviousTuningsChartAcrossAChange) {
+    launch();
+    controller->toggleFreqChart(false);
+    controller->showNextTuning();
+    // Letter naming (row 1) is in force from the first launch, with its baritone names.
+    EXPECT_EQ(screen.firstString.text, "E4");
+    EXPECT_EQ(screen.fourthString.text, "D3");
+    EXPECT_EQ(screen.fourthStringNoteAndFreq.text, "G4 = 392.0Hz");
+    controller->showNextTuning();
+    EXPECT_EQ(screen.firstString.text, "B4");
+    EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 440.0Hz");
+    // Turning it on writes nothing by itself; the next letter pass does.
+    controller->toggleFreqChart(true);
+    EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 440.0Hz");
+    controller->showPreviousTuning();
+    EXPECT_EQ(screen.fourthStringNoteAndFreq.text, "D3 = 146.8Hz");
+}
+
+TEST_F(SettingsPanel, CaptionsAndAboutTextsComeFromTheMainTable) {
+    platform.strings.set("MicSensitivityTitle", "Mic");
+    platform.strings.set("SoundNotificationTitle", "Beep");
+    platform.strings.set("StringSoundsTitle", "Sounds");
+    platform.strings.set("TunerAboutCongratsMessage", "Thanks");
+    platform.strings.set("FrequencyChartTitle", "wrong table", "RatingPromptLocalizable");
+    launch();
+    EXPECT_EQ(screen.micSensitivityLabel.text, "Mic");
+    EXPECT_EQ(screen.soundNotificationLabel.text, "Beep");
+    EXPECT_EQ(screen.stringSoundsLabel.text, "Sounds");
+    EXPECT_EQ(screen.frequencyChartLabel.text, "");
+    EXPECT_EQ(screen.aboutCongratsMessage.text, "Thanks");
+    EXPECT_EQ(screen.aboutMsg2.text, "");
+    // A step forward does not refresh the captions; a step back does.
+    platform.strings.set("MicSensitivityTitle", "Microphone");
+    controller->showNextTuning();
+    EXPECT_EQ(screen.micSensitivityLabel.text, "Mic");
+    controller->showPreviousTuning();
+    EXPECT_EQ(screen.micSensitivityLabel.text, "Microphone");
+}
+
+TEST_F(SettingsPanel, SegueHandsOnTheChartButAlwaysLetterNames) {
+    launch();
+    controller->didSelectRow(3);
+    for (int i = 0; i < 4; ++i)
+        controller->showNextTuning(); // tuning 5: the baritone chart
+    ChordScreenModel chordScreen;
+    ChordsViewController chords(platform.services(), state, chordScreen, *rating);
+    controller->prepareForSegue("showChordsView", chords);
+    EXPECT_EQ(chords.ukuleleType, 2);
+    EXPECT_EQ(chords.selectedLanguage, 1);
+
+    ChordsViewController other(platform.services(), state, chordScreen, *rating);
+    controller->prepareForSegue("showTuningFork", other);
+    EXPECT_EQ(other.ukuleleType, 0);
+    EXPECT_EQ(other.selectedLanguage, 0);
+
+    state.chosenUkuleleType = 5;
+    ChordsViewController odd(platform.services(), state, chordScreen, *rating);
+    controller->prepareForSegue("showChordsView", odd);
+    EXPECT_EQ(odd.ukuleleType, 0);
+    EXPECT_EQ(odd.selectedLanguage, 1);
+}
+
+TEST_F(SettingsPanel, MakerButtonOpensTheMakersSite) {
+    launch();
+    controller->redirectToMorvaneLabs();
+    controller->makerUrl = "http://127.0.0.1:9/maker";
+    controller->redirectToMorvaneLabs();
+    EXPECT_EQ(platform.urls.opened, (std::vector<std::string>{UKE_MAKER_URL, "http://127.0.0.1:9/maker"}));
+}
+
+} // namespace
+} // namespace uke

@@ -1,0 +1,119 @@
+// The app's string tables: every language complete, formats intact, fallbacks.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/virtual/TsStringTable.h"
+#include "settings/NoteNaming.h"
+
+namespace uke {
+namespace {
+
+size_t count(const std::string& text, const std::string& what) {
+    size_t n = 0;
+    for (size_t p = text.find(what); p != std::string::npos; p = text.find(what, p + what.size()))
+        ++n;
+    return n;
+}
+
+const TsStringTable& english() {
+    const TsStringTable* en = builtInStrings("en");
+    EXPECT_NE(en, nullptr);
+    static const TsStringTable empty;
+    return en ? *en : empty;
+}
+
+TEST(StringTables, TheAppSpeaksAtLeastSixLanguages) {
+    const auto langs = builtInLanguages();
+    for (const char* code : {"en", "es", "fr", "de", "it", "ru"}) {
+        EXPECT_NE(std::find(langs.begin(), langs.end(), code), langs.end()) << code;
+        const TsStringTable* t = builtInStrings(code);
+        ASSERT_NE(t, nullptr) << code << " does not parse";
+        EXPECT_EQ(t->language(), code);
+    }
+}
+
+class EveryLanguage : public ::testing::TestWithParam<std::string> {
+protected:
+    const TsStringTable& table() const { return *builtInStrings(GetParam()); }
+};
+
+TEST_P(EveryLanguage, HasEveryKeyEnglishHasAndNoOthers) {
+    ASSERT_FALSE(english().tables().empty());
+    for (const auto& [context, messages] : english().tables()) {
+        for (const auto& [key, text] : messages) {
+            const auto found = table().lookup(key, context);
+            EXPECT_TRUE(found && !found->empty()) << GetParam() << " lacks " << context << "/" << key;
+        }
+    }
+    for (const auto& [context, messages] : table().tables())
+        for (const auto& [key, text] : messages)
+            EXPECT_TRUE(english().lookup(key, context).has_value())
+                << GetParam() << " has " << context << "/" << key << ", which English does not";
+}
+
+TEST_P(EveryLanguage, PlaceholdersSurviveTranslation) {
+    for (const auto& [context, messages] : english().tables()) {
+        for (const auto& [key, text] : messages) {
+            const std::string translated = table().localized(key, context);
+            EXPECT_EQ(count(translated, "%@"), count(text, "%@")) << GetParam() << " " << key << ": " << translated;
+            EXPECT_EQ(count(translated, "%"), count(text, "%")) << GetParam() << " " << key << ": " << translated;
+        }
+    }
+    for (const char* key : {"ANoteM", "BNoteM", "CNoteM", "DNoteM", "ENoteM", "GNoteM"}) {
+        const std::string note = fillObjectFormat(table().localized(key), "4");
+        EXPECT_EQ(note.back(), '4') << GetParam() << " " << key;
+        EXPECT_GT(note.size(), 1u) << GetParam() << " " << key;
+    }
+}
+
+TEST_P(EveryLanguage, PickerNamesAreDistinct) {
+    std::vector<std::string> names;
+    for (int i = 0; i < 6; ++i)
+        names.push_back(table().localized("Lang" + std::to_string(i)));
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(std::adjacent_find(names.begin(), names.end()), names.end()) << GetParam();
+}
+
+INSTANTIATE_TEST_SUITE_P(Tables, EveryLanguage, ::testing::ValuesIn(builtInLanguages()),
+                         [](const ::testing::TestParamInfo<std::string>& info) { return info.param; });
+
+TEST(StringTables, LanguagesTheAppLacksFallBackToEnglish) {
+    EXPECT_EQ(&stringsForLanguage("xx"), &english());
+    EXPECT_EQ(&stringsForLanguage(""), &english());
+    EXPECT_EQ(stringsForLanguage("es").localized("HzTitle"), "Hz");
+    EXPECT_EQ(stringsForLanguage("ru").localized("HzTitle"), "Гц");
+    // A key no table has reads as the empty default, in every language.
+    EXPECT_EQ(stringsForLanguage("de").lookup("NoSuchKey", "Localizable"), std::nullopt);
+    EXPECT_EQ(stringsForLanguage("de").localized("NoSuchKey"), "");
+    EXPECT_EQ(stringsForLanguage("de").localized("HzTitle", "NoSuchTable"), "");
+}
+
+TEST(StringTables, UnfinishedAndEmptyTranslationsCountAsMissing) {
+    TsStringTable t;
+    ASSERT_TRUE(t.parse(R"(<TS version="2.1" language="es"><context><name>Localizable</name>
+        <message><source>Done</source><translation>Listo</translation></message>
+        <message><source>Lang0</source><translation type="unfinished">Idioma</translation></message>
+        <message><source>Lang1</source><translation></translation></message>
+        <message><source>A&amp;B</source><translation>A y B</translation></message>
+        </context></TS>)"));
+    EXPECT_EQ(t.localized("Done"), "Listo");
+    EXPECT_EQ(t.lookup("Lang0", "Localizable"), std::nullopt);
+    EXPECT_EQ(t.lookup("Lang1", "Localizable"), std::nullopt);
+    EXPECT_EQ(t.localized("A&B"), "A y B");
+    EXPECT_FALSE(TsStringTable{}.parse("not a linguist file"));
+}
+
+TEST(ObjectFormat, FillsEveryObjectPlaceholder) {
+    EXPECT_EQ(fillObjectFormat("La%@", "4"), "La4");
+    EXPECT_EQ(fillObjectFormat("%@", "4"), "4");
+    EXPECT_EQ(fillObjectFormat("", "4"), "");
+    EXPECT_EQ(fillObjectFormat("%@-%@", "4"), "4-4");
+    EXPECT_EQ(fillObjectFormat("100%% %@", "4"), "100% 4");
+    EXPECT_EQ(fillObjectFormat("Ля%@", "4"), "Ля4");
+    EXPECT_EQ(fillObjectFormat("50%", "4"), "50%");
+    EXPECT_EQ(fillObjectFormat("%d", "4"), "%d");
+}
+
+} // namespace
+} // namespace uke

@@ -1,0 +1,294 @@
+// The six note-naming systems over the tuner screen, run once per built-in
+// language so that no translation can break the screen's note texts.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <map>
+#include <string>
+
+#include "platform/virtual/TsStringTable.h"
+#include "settings/SettingsKeys.h"
+#include "support/TunerFixture.h"
+
+namespace uke {
+namespace {
+
+using Four = std::array<std::string, 4>;
+
+struct Texts {
+    Four notes, chart, buttons;
+};
+
+// What rows 1 to 5 write at A4 = 440 Hz, and whether the chart switch holds them back.
+struct NamedRow {
+    long row;
+    int64_t tuning;
+    Texts texts;
+    bool honoursChartSwitch;
+};
+
+const std::vector<NamedRow>& namedRows() {
+    static const std::vector<NamedRow> rows = {
+        {1,
+         1,
+         {{"A4", "E4", "C4", "G4"},
+          {"A4 = 440.0Hz", "E4 = 329.6Hz", "C4 = 261.6Hz", "G4 = 392.0Hz"},
+          {"A4", "E4", "C4", "G4"}},
+         true},
+        {2,
+         1,
+         {{"La4", "Mi4", "Do4", "Sol4"},
+          {"La4 = 440.0Hz", "Mi4 = 329.6Hz", "Do4 = 261.6Hz", "Sol4 = 392.0Hz"},
+          {"La4", "Mi4", "Do4", "Sol4"}},
+         false},
+        {3,
+         1,
+         {{"La4", "Mi4", "Do4", "Sol4"},
+          {"La4 = 440.0Hz", "Mi4 = 329.6Hz", "Do4 = 261.6Hz", "Sol4 = 392.0Hz"},
+          {"La4", "Mi4", "Do4", "Sol4"}},
+         false},
+        {4,
+         1,
+         {{"A4", "E4", "C4", "G4"},
+          {"A4 = 440.0Hz", "E4 = 329.6Hz", "C4 = 261.6Hz", "G4 = 392.0Hz"},
+          {"A4", "E4", "C4", "G4"}},
+         true},
+        {5,
+         1,
+         {{"Ля", "Ми", "До", "Соль"},
+          {"Ля4 = 440.0Гц", "Ми4 = 329.6Гц", "До4 = 261.6Гц", "Соль4 = 392.0Гц"},
+          {"Ля4", "Ми4", "До4", "Соль4"}},
+         false},
+        // Tuning 2's rows name the baritone strings and fill in their pitches.
+        {1,
+         2,
+         {{"E4", "B3", "G3", "D3"},
+          {"E4 = 329.6Hz", "B3 = 246.9Hz", "G3 = 196.0Hz", "D3 = 146.8Hz"},
+          {"E4", "B3", "G3", "D3"}},
+         true},
+        {2,
+         2,
+         {{"Mi4", "Si3", "Sol3", "Re3"},
+          {"Mi4 = 329.6Hz", "Si3 = 246.9Hz", "Sol3 = 196.0Hz", "Re3 = 146.8Hz"},
+          {"Mi4", "Si3", "Sol3", "Re3"}},
+         false},
+        {3,
+         2,
+         {{"Mi4", "Si3", "Sol3", "Ré3"},
+          {"Mi4 = 329.6Hz", "Si3 = 246.9Hz", "Sol3 = 196.0Hz", "Ré3 = 146.8Hz"},
+          {"Mi4", "Si3", "Sol3", "Ré3"}},
+         false},
+        {4,
+         2,
+         {{"E4", "H3", "G3", "D3"},
+          {"E4 = 329.6Hz", "H3 = 246.9Hz", "G3 = 196.0Hz", "D3 = 146.8Hz"},
+          {"E4", "H3", "G3", "D3"}},
+         true},
+        {5,
+         2,
+         {{"Ми", "Си", "Соль", "Ре"},
+          {"Ми4 = 329.6Hz", "Си3 = 246.9Hz", "Соль3 = 196.0Hz", "Ре3 = 146.8Hz"},
+          {"Ми4", "Си3", "Соль3", "Ре3"}},
+         false},
+    };
+    return rows;
+}
+
+// Row 0's note labels per language: the table's formats with octave 4 everywhere.
+const std::map<std::string, std::array<Four, 2>>& deviceLanguageNotes() {
+    static const std::map<std::string, std::array<Four, 2>> notes = {
+        {"en", {{{"A4", "E4", "C4", "G4"}, {"E4", "B4", "G4", "D4"}}}},
+        {"es", {{{"La4", "Mi4", "Do4", "Sol4"}, {"Mi4", "Si4", "Sol4", "Re4"}}}},
+        {"fr", {{{"La4", "Mi4", "Do4", "Sol4"}, {"Mi4", "Si4", "Sol4", "Ré4"}}}},
+        {"de", {{{"A4", "E4", "C4", "G4"}, {"E4", "H4", "G4", "D4"}}}},
+        {"it", {{{"La4", "Mi4", "Do4", "Sol4"}, {"Mi4", "Si4", "Sol4", "Re4"}}}},
+        {"ru", {{{"Ля4", "Ми4", "До4", "Соль4"}, {"Ми4", "Си4", "Соль4", "Ре4"}}}},
+    };
+    return notes;
+}
+
+class Naming : public test::TunerFixture, public ::testing::WithParamInterface<std::string> {
+protected:
+    void SetUp() override {
+        const TsStringTable* table = builtInStrings(GetParam());
+        ASSERT_NE(table, nullptr);
+        platform.strings.entries = table->tables();
+        launch();
+    }
+    // A fresh install, launched: nothing chosen in an earlier round lingers.
+    void freshLaunch() {
+        platform.memoryStore.wipeDomain();
+        rebuild();
+        launch();
+    }
+    // What the app's picker does with a row.
+    void choose(long row) {
+        controller->didSelectRow(row);
+        controller->overrideDefaultLanguage();
+    }
+    void goTo(int64_t tuning) {
+        while (state.chosenTuning < tuning)
+            controller->showNextTuning();
+    }
+    Texts texts() const {
+        return {{screen.firstString.text, screen.secondString.text, screen.thirdString.text, screen.fourthString.text},
+                {screen.firstStringNoteAndFreq.text, screen.secondStringNoteAndFreq.text,
+                 screen.thirdStringNoteAndFreq.text, screen.fourthStringNoteAndFreq.text},
+                {screen.a4TFButton.title, screen.e4TFButton.title, screen.c4TFButton.title, screen.g4TFButton.title}};
+    }
+};
+
+TEST_P(Naming, RowsOneToFiveWriteTheirTextsWithTheChartSwitchOn) {
+    for (const NamedRow& r : namedRows()) {
+        SCOPED_TRACE("row " + std::to_string(r.row) + ", tuning " + std::to_string(r.tuning));
+        freshLaunch();
+        goTo(r.tuning);
+        choose(r.row);
+        const Texts t = texts();
+        EXPECT_EQ(t.notes, r.texts.notes);
+        EXPECT_EQ(t.chart, r.texts.chart);
+        EXPECT_EQ(t.buttons, r.texts.buttons);
+    }
+}
+
+TEST_P(Naming, WithTheChartSwitchOffOnlySomeRowsKeepTheChart) {
+    for (const NamedRow& r : namedRows()) {
+        SCOPED_TRACE("row " + std::to_string(r.row) + ", tuning " + std::to_string(r.tuning));
+        freshLaunch();
+        goTo(r.tuning);
+        controller->toggleFreqChart(false);
+        const Four before = texts().chart;
+        choose(r.row);
+        const Texts t = texts();
+        EXPECT_EQ(t.notes, r.texts.notes);
+        EXPECT_EQ(t.buttons, r.texts.buttons);
+        EXPECT_EQ(t.chart, r.honoursChartSwitch ? before : r.texts.chart);
+    }
+}
+
+TEST_P(Naming, RowZeroFormatsTheDeviceLanguageNotesWithOctaveFourOnly) {
+    const auto known = deviceLanguageNotes().find(GetParam());
+    ASSERT_NE(known, deviceLanguageNotes().end()) << "no expected note names for " << GetParam();
+    for (int64_t tuning : {1, 2}) {
+        SCOPED_TRACE("tuning " + std::to_string(tuning));
+        freshLaunch();
+        goTo(tuning);
+        const Texts letters = texts();
+        choose(0);
+        const Texts t = texts();
+        EXPECT_EQ(t.notes, known->second[static_cast<size_t>(tuning - 1)]);
+        EXPECT_EQ(t.chart, letters.chart);
+        EXPECT_EQ(t.buttons, letters.buttons);
+    }
+}
+
+TEST_P(Naming, PickerRowsAreTheSixLanguageNames) {
+    const auto& rows = screen.establecerIdioma.rows;
+    ASSERT_EQ(controller->numberOfRowsInComponent(), 6);
+    EXPECT_EQ(controller->numberOfComponentsInPickerView(), 1);
+    for (long i = 0; i < 6; ++i) {
+        const std::string key = "Lang" + std::to_string(i);
+        EXPECT_EQ(rows[static_cast<size_t>(i)], platform.strings.localized(key)) << key;
+        EXPECT_FALSE(rows[static_cast<size_t>(i)].empty()) << key;
+        EXPECT_EQ(controller->titleForRow(i), rows[static_cast<size_t>(i)]);
+    }
+    EXPECT_EQ(controller->titleForRow(6), "");
+}
+
+TEST_P(Naming, EveryChangeOfTuningReappliesTheChoiceWhereItCan) {
+    goTo(2);
+    choose(2);
+    EXPECT_EQ(screen.secondStringNoteAndFreq.text, "Si3 = 246.9Hz");
+    // Stepping back writes letters, then the same naming over tuning 1.
+    controller->showPreviousTuning();
+    EXPECT_EQ(screen.firstString.text, "La4");
+    // Tuning 3 has no naming texts: the letters of localizeNotes stay.
+    goTo(3);
+    EXPECT_EQ(screen.firstString.text, "B4");
+    EXPECT_EQ(screen.secondStringNoteAndFreq.text, "F#4 = 370.0Hz");
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryLanguage, Naming, ::testing::ValuesIn(builtInLanguages()),
+                         [](const ::testing::TestParamInfo<std::string>& info) { return info.param; });
+
+// The cases that do not depend on the language.
+using NamingOverride = test::TunerFixture;
+
+TEST_F(NamingOverride, AfterARelaunchTheStoredRowAloneChangesNothing) {
+    launch();
+    controller->didSelectRow(2);
+    EXPECT_EQ(platform.memoryStore.integerForKey(keys::SavedLanguage), 2);
+    rebuild();
+    launch();
+    ASSERT_EQ(state.languageIndex, 1);
+    controller->overrideDefaultLanguage();
+    EXPECT_EQ(screen.firstString.text, "A4");
+    EXPECT_EQ(screen.a4TFButton.title, "A4");
+    EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 440.0Hz");
+}
+
+TEST_F(NamingOverride, ARowChosenButNotStoredIsNotApplied) {
+    launch();
+    state.languageIndex = 2; // the store still says 1
+    controller->overrideDefaultLanguage();
+    EXPECT_EQ(screen.firstString.text, "A4");
+}
+
+TEST_F(NamingOverride, TuningsOtherThanOneAndTwoAreLeftAlone) {
+    launch();
+    controller->showNextTuning();
+    for (int64_t tuning = 3; tuning <= 11; ++tuning) {
+        controller->showNextTuning();
+        ASSERT_EQ(state.chosenTuning, tuning);
+        const TunerScreenModel before = screen;
+        controller->didSelectRow(5);
+        controller->overrideDefaultLanguage();
+        EXPECT_EQ(screen.firstString, before.firstString) << tuning;
+        EXPECT_EQ(screen.fourthString, before.fourthString) << tuning;
+        EXPECT_EQ(screen.firstStringNoteAndFreq, before.firstStringNoteAndFreq) << tuning;
+        EXPECT_EQ(screen.g4TFButton, before.g4TFButton) << tuning;
+    }
+}
+
+TEST_F(NamingOverride, AMissingNoteKeyLeavesAnEmptyLabel) {
+    platform.strings.set("ENoteM", "Mi%@");
+    platform.strings.set("CNoteM", "%@ do");
+    platform.strings.set("GNoteM", "G%@%%");
+    launch();
+    controller->didSelectRow(0);
+    controller->overrideDefaultLanguage();
+    EXPECT_EQ(screen.firstString.text, "");
+    EXPECT_EQ(screen.secondString.text, "Mi4");
+    EXPECT_EQ(screen.thirdString.text, "4 do");
+    EXPECT_EQ(screen.fourthString.text, "G4%");
+}
+
+TEST_F(NamingOverride, PickerRowsAboveFiveAreIgnored) {
+    launch();
+    controller->didSelectRow(3);
+    controller->didSelectRow(6);
+    controller->didSelectRow(-1);
+    EXPECT_EQ(state.languageIndex, 3);
+    EXPECT_EQ(platform.memoryStore.integerForKey(keys::SavedLanguage), 3);
+    // Selecting stores the row; the texts change only when the override runs.
+    EXPECT_EQ(screen.firstString.text, "A4");
+}
+
+TEST_F(NamingOverride, PickerScaleFollowsTheDeviceClass) {
+    const struct {
+        Idiom idiom;
+        double height;
+        double scale;
+    } cases[] = {{Idiom::Pad, 1024, 0.9},   {Idiom::Pad, 1366, 0.9},   {Idiom::Phone, 480, 0.75},
+                 {Idiom::Phone, 568, 0.75}, {Idiom::Phone, 667, 0.75}, {Idiom::Phone, 736, 0.75},
+                 {Idiom::Phone, 812, 1.0},  {Idiom::Phone, 844, 1.0},  {Idiom::Other, 667, 1.0}};
+    for (const auto& c : cases) {
+        setDevice(c.idiom, c.height);
+        rebuild();
+        controller->loadPickerViewSettings();
+        EXPECT_EQ(screen.establecerIdioma.scale, c.scale) << c.height;
+    }
+}
+
+} // namespace
+} // namespace uke
