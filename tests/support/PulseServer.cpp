@@ -1,0 +1,407 @@
+#include "support/PulseServer.h"
+
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include <fcntl.h>
+#include <samplerate.h>
+#include <sys/prctl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace uke::test {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+bool onPath(const std::string& program) {
+    const char* path = std::getenv("PATH");
+    std::stringstream dirs(path ? path : "/usr/bin:/bin");
+    std::string dir;
+    while (std::getline(dirs, dir, ':')) {
+        if (!dir.empty() && ::access((dir + "/" + program).c_str(), X_OK) == 0)
+            return true;
+    }
+    return false;
+}
+
+std::string readFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+std::vector<int16_t> resample(const std::vector<int16_t>& in, int from, int to) {
+    if (from == to || in.empty())
+        return in;
+    std::vector<float> src(in.size());
+    src_short_to_float_array(in.data(), src.data(), static_cast<int>(in.size()));
+    const double ratio = static_cast<double>(to) / from;
+    std::vector<float> dst(static_cast<size_t>(static_cast<double>(in.size()) * ratio) + 16);
+    SRC_DATA data{};
+    data.data_in = src.data();
+    data.input_frames = static_cast<long>(src.size());
+    data.data_out = dst.data();
+    data.output_frames = static_cast<long>(dst.size());
+    data.src_ratio = ratio;
+    if (src_simple(&data, SRC_SINC_MEDIUM_QUALITY, 1) != 0)
+        return {};
+    std::vector<int16_t> out(static_cast<size_t>(data.output_frames_gen));
+    src_float_to_short_array(dst.data(), out.data(), static_cast<int>(out.size()));
+    return out;
+}
+
+bool pidAlive(pid_t pid) {
+    int status = 0;
+    return ::waitpid(pid, &status, WNOHANG) == 0;
+}
+
+void killAndReap(pid_t pid, int signal) {
+    ::kill(pid, signal);
+    const auto deadline = Clock::now() + std::chrono::seconds(5);
+    int status = 0;
+    while (::waitpid(pid, &status, WNOHANG) == 0) {
+        if (Clock::now() > deadline) {
+            ::kill(pid, SIGKILL);
+            ::waitpid(pid, &status, 0);
+            return;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+}
+
+} // namespace
+
+PulseServer::PulseServer() : PulseServer(Options{}) {}
+PulseServer::PulseServer(Options options) : options_(options) {}
+PulseServer::~PulseServer() { stop(); }
+
+bool PulseServer::toolsAvailable() { return onPath("pulseaudio") && onPath("pactl") && onPath("parec"); }
+
+bool PulseServer::failWith(const std::string& message) {
+    error_ = message;
+    const std::string log = serverLog();
+    stop();
+    if (!log.empty())
+        error_ += "\n--- pulseaudio log ---\n" + log;
+    return false;
+}
+
+std::vector<std::string> PulseServer::childEnvironment() const {
+    std::vector<std::string> env;
+    const auto replaced = [](const std::string& entry) {
+        for (const char* name : {"HOME=", "XDG_RUNTIME_DIR=", "XDG_CONFIG_HOME=", "PULSE_SERVER=",
+                                 "PULSE_RUNTIME_PATH=", "PULSE_STATE_PATH=", "DBUS_SESSION_BUS_ADDRESS="})
+            if (entry.rfind(name, 0) == 0)
+                return true;
+        return false;
+    };
+    for (char** e = environ; *e; ++e)
+        if (!replaced(*e))
+            env.emplace_back(*e);
+    env.push_back("HOME=" + folder_ + "/home");
+    env.push_back("XDG_RUNTIME_DIR=" + folder_ + "/run");
+    env.push_back("XDG_CONFIG_HOME=" + folder_ + "/home/.config");
+    env.push_back("PULSE_RUNTIME_PATH=" + folder_ + "/run/pulse");
+    env.push_back("PULSE_STATE_PATH=" + folder_ + "/state");
+    env.push_back("DBUS_SESSION_BUS_ADDRESS=disabled:");
+    env.push_back("PULSE_SERVER=" + address_);
+    return env;
+}
+
+pid_t PulseServer::spawn(const std::vector<std::string>& argv, const std::string& outputFile) const {
+    // Everything the child needs is prepared before fork: between fork and exec
+    // only async-signal-safe calls are allowed.
+    const std::vector<std::string> env = childEnvironment();
+    std::vector<char*> argp, envp;
+    for (const auto& a : argv)
+        argp.push_back(const_cast<char*>(a.c_str()));
+    argp.push_back(nullptr);
+    for (const auto& e : env)
+        envp.push_back(const_cast<char*>(e.c_str()));
+    envp.push_back(nullptr);
+    const int out = ::open(outputFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    const int devnull = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
+    if (out < 0 || devnull < 0) {
+        if (out >= 0)
+            ::close(out);
+        if (devnull >= 0)
+            ::close(devnull);
+        return -1;
+    }
+    const pid_t parent = ::getpid();
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        // A crashed test must not leave a server behind.
+        ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+        if (::getppid() != parent)
+            ::_exit(127);
+        ::dup2(devnull, STDIN_FILENO);
+        ::dup2(out, STDOUT_FILENO);
+        ::dup2(out, STDERR_FILENO);
+        if (::chdir(folder_.c_str()) != 0)
+            ::_exit(127);
+        ::execvpe(argp[0], argp.data(), envp.data());
+        ::_exit(127);
+    }
+    ::close(out);
+    ::close(devnull);
+    return pid;
+}
+
+int PulseServer::pactl(const std::vector<std::string>& args, std::string* output) const {
+    static std::atomic<int> counter = 0;
+    const std::string outPath = folder_ + "/pactl-" + std::to_string(++counter) + ".out";
+    std::vector<std::string> argv{"pactl"};
+    argv.insert(argv.end(), args.begin(), args.end());
+    const pid_t pid = spawn(argv, outPath);
+    if (pid < 0)
+        return -1;
+    int status = 0;
+    const auto deadline = Clock::now() + std::chrono::seconds(10);
+    while (::waitpid(pid, &status, WNOHANG) == 0) {
+        if (Clock::now() > deadline) {
+            killAndReap(pid, SIGKILL);
+            status = -1;
+            break;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    if (output)
+        *output = readFile(outPath);
+    std::filesystem::remove(outPath);
+    if (status == -1 || !WIFEXITED(status))
+        return -1;
+    return WEXITSTATUS(status);
+}
+
+bool PulseServer::start(std::chrono::milliseconds timeout) {
+    if (running())
+        return true;
+    error_.clear();
+    if (!toolsAvailable())
+        return failWith("pulseaudio, pactl or parec is not installed");
+
+    char pattern[] = "/tmp/uke-pulse-XXXXXX";
+    if (!::mkdtemp(pattern))
+        return failWith(std::string("cannot make a temporary folder: ") + std::strerror(errno));
+    folder_ = pattern;
+    for (const char* sub : {"/home", "/home/.config", "/run", "/state"})
+        ::mkdir((folder_ + sub).c_str(), 0700);
+    address_ = "unix:" + folder_ + "/native";
+    fifoPath_ = folder_ + "/microphone.fifo";
+
+    // No default script (-n): only these modules, so nothing probes real hardware,
+    // D-Bus or the network. ".fail" makes a module that will not load fatal.
+    std::ofstream config(folder_ + "/server.pa");
+    config << ".fail\n"
+           << "load-module module-native-protocol-unix socket=" << folder_ << "/native auth-anonymous=1\n"
+           << "load-module module-null-sink sink_name=" << kSpeaker
+           << " format=s16le channels=1 rate=" << options_.speakerRate << "\n"
+           << "load-module module-pipe-source source_name=" << kMicrophone << " file=" << fifoPath_
+           << " format=s16le channels=1 rate=" << options_.microphoneRate << "\n"
+           << "set-default-sink " << kSpeaker << "\n"
+           << "set-default-source " << kMicrophone << "\n";
+    config.close();
+
+    serverPid_ = spawn({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disallow-exit",
+                        "--use-pid-file=no", "--enable-memfd=no", "--realtime=no", "--high-priority=no",
+                        "--log-target=stderr", "-F", folder_ + "/server.pa"},
+                       folder_ + "/pulseaudio.log");
+    if (serverPid_ < 0)
+        return failWith("cannot start pulseaudio");
+
+    const auto deadline = Clock::now() + timeout;
+    for (;;) {
+        if (!pidAlive(serverPid_)) {
+            serverPid_ = -1;
+            return failWith("pulseaudio exited during start-up");
+        }
+        std::string sources;
+        if (pactl({"info"}) == 0 && pactl({"list", "short", "sources"}, &sources) == 0 &&
+            sources.find(kMicrophone) != std::string::npos)
+            break;
+        if (Clock::now() > deadline)
+            return failWith("pulseaudio did not answer within the time limit");
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+
+    // The server holds the FIFO open for reading, so this open does not block.
+    fifo_ = ::open(fifoPath_.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fifo_ < 0)
+        return failWith("cannot open the microphone pipe: " + std::string(std::strerror(errno)));
+    ::fcntl(fifo_, F_SETFL, ::fcntl(fifo_, F_GETFL) & ~O_NONBLOCK);
+    // A server that dies under a write must fail the test, not kill the program.
+    std::signal(SIGPIPE, SIG_IGN);
+
+    if (const char* old = std::getenv("PULSE_SERVER")) {
+        savedPulseServer_ = old;
+    }
+    pulseServerWasSet_ = true;
+    ::setenv("PULSE_SERVER", address_.c_str(), 1);
+
+    stopping_ = false;
+    writer_ = std::thread([this] { writerLoop(); });
+    return true;
+}
+
+void PulseServer::writerLoop() {
+    // Real time in 10 ms slices, like a sound card: the pipe source itself would
+    // take a whole recording at once.
+    const size_t slice = static_cast<size_t>(options_.microphoneRate / 100);
+    std::vector<int16_t> chunk;
+    auto next = Clock::now();
+    for (;;) {
+        {
+            std::unique_lock lock(mutex_);
+            if (!options_.microphoneSilence)
+                changed_.wait(lock, [this] { return stopping_ || !pending_.empty(); });
+            if (stopping_)
+                return;
+            const size_t n = std::min(slice, pending_.size());
+            chunk.assign(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(n));
+            pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(n));
+            if (options_.microphoneSilence)
+                chunk.resize(slice, 0);
+            if (pending_.empty())
+                changed_.notify_all();
+        }
+        const auto* bytes = reinterpret_cast<const char*>(chunk.data());
+        size_t left = chunk.size() * sizeof(int16_t);
+        while (left > 0) {
+            const ssize_t w = ::write(fifo_, bytes, left);
+            if (w < 0 && errno == EINTR)
+                continue;
+            if (w <= 0)
+                return;
+            bytes += w;
+            left -= static_cast<size_t>(w);
+        }
+        next += std::chrono::milliseconds(10);
+        const auto now = Clock::now();
+        if (next < now - std::chrono::milliseconds(200))
+            next = now; // fell far behind (a stopped debugger): do not burst to catch up
+        std::this_thread::sleep_until(next);
+    }
+}
+
+void PulseServer::writeToMicrophone(const std::vector<int16_t>& samples, int rate) {
+    const std::vector<int16_t> converted = resample(samples, rate, options_.microphoneRate);
+    std::lock_guard lock(mutex_);
+    pending_.insert(pending_.end(), converted.begin(), converted.end());
+    changed_.notify_all();
+}
+
+bool PulseServer::waitMicrophoneDrained(std::chrono::milliseconds timeout) {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, timeout, [this] { return pending_.empty() || stopping_; });
+}
+
+bool PulseServer::startRecordingSpeaker(int rate, std::chrono::milliseconds timeout) {
+    return startRecording(kSpeakerMonitor, rate, timeout);
+}
+
+bool PulseServer::startRecording(const std::string& source, int rate, std::chrono::milliseconds timeout) {
+    if (!running())
+        return false;
+    if (recorderPid_ > 0)
+        stopRecording();
+    recordingPath_ = folder_ + "/recording.raw";
+    recorderPid_ = spawn({"parec", "--raw", "--format=s16le", "--channels=1", "--rate=" + std::to_string(rate),
+                          "--latency-msec=20", "--device=" + source},
+                         recordingPath_);
+    if (recorderPid_ < 0)
+        return false;
+    // Both sources stream all the time (the null sink never suspends, the
+    // microphone gets silence between writes), so a connected stream starts
+    // writing at once.
+    const auto deadline = Clock::now() + timeout;
+    std::error_code ec;
+    while (std::filesystem::file_size(recordingPath_, ec) == 0 || ec) {
+        if (Clock::now() > deadline || !pidAlive(recorderPid_))
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
+}
+
+std::vector<int16_t> PulseServer::recording() const {
+    if (recordingPath_.empty())
+        return {};
+    const std::string bytes = readFile(recordingPath_);
+    std::vector<int16_t> samples(bytes.size() / 2);
+    std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
+    return samples;
+}
+
+std::vector<int16_t> PulseServer::stopRecording() {
+    if (recorderPid_ > 0) {
+        killAndReap(recorderPid_, SIGINT);
+        recorderPid_ = -1;
+    }
+    return recording();
+}
+
+std::string PulseServer::serverLog() const { return folder_.empty() ? "" : readFile(folder_ + "/pulseaudio.log"); }
+
+void PulseServer::stop() {
+    if (recorderPid_ > 0) {
+        killAndReap(recorderPid_, SIGINT);
+        recorderPid_ = -1;
+    }
+    {
+        std::lock_guard lock(mutex_);
+        stopping_ = true;
+        changed_.notify_all();
+    }
+    if (serverPid_ > 0) {
+        // Killing the server first unblocks a writer stuck on a full pipe.
+        killAndReap(serverPid_, SIGTERM);
+        serverPid_ = -1;
+    }
+    if (writer_.joinable())
+        writer_.join();
+    if (fifo_ >= 0) {
+        ::close(fifo_);
+        fifo_ = -1;
+    }
+    if (pulseServerWasSet_) {
+        if (savedPulseServer_)
+            ::setenv("PULSE_SERVER", savedPulseServer_->c_str(), 1);
+        else
+            ::unsetenv("PULSE_SERVER");
+        pulseServerWasSet_ = false;
+        savedPulseServer_.reset();
+    }
+    if (!folder_.empty()) {
+        std::error_code ec;
+        std::filesystem::remove_all(folder_, ec);
+        folder_.clear();
+    }
+}
+
+PulseServer& PulseServerTest::pulse() {
+    static PulseServer server;
+    return server;
+}
+
+void PulseServerTest::SetUp() {
+    if (!PulseServer::toolsAvailable())
+        GTEST_SKIP() << "PulseAudio is not installed (pulseaudio, pactl and parec are needed)";
+    if (!pulse().running()) {
+        ASSERT_TRUE(pulse().start()) << "cannot start a private PulseAudio server: " << pulse().error();
+    }
+}
+
+} // namespace uke::test

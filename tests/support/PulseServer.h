@@ -1,0 +1,119 @@
+#pragma once
+// A private PulseAudio server for tests that exercise real audio paths.
+//
+// The server runs in its own temporary folder with one virtual microphone (a pipe
+// source fed by writeToMicrophone, the default source) and one virtual speaker (a
+// null sink, the default sink, whose monitor can be recorded). While it runs,
+// PULSE_SERVER in this process points at it, so any PulseAudio client started
+// afterwards (Qt Multimedia included) talks to it and to nothing else.
+//
+// Qt Multimedia connects to PulseAudio once per process, so a test program should
+// keep one server for all its tests: derive the test suite from PulseServerTest.
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <sys/types.h>
+
+namespace uke::test {
+
+class PulseServer {
+public:
+    struct Options {
+        int microphoneRate = 44100; // hertz, s16le mono
+        int speakerRate = 44100;    // hertz, s16le mono
+        // Keeps the microphone streaming silence between writes, as a real one would.
+        bool microphoneSilence = true;
+    };
+
+    static constexpr const char* kMicrophone = "uke_microphone";
+    static constexpr const char* kSpeaker = "uke_speaker";
+    static constexpr const char* kSpeakerMonitor = "uke_speaker.monitor";
+
+    PulseServer();
+    explicit PulseServer(Options options);
+    ~PulseServer();
+    PulseServer(const PulseServer&) = delete;
+    PulseServer& operator=(const PulseServer&) = delete;
+
+    // Whether the pulseaudio, pactl and parec programs are installed.
+    static bool toolsAvailable();
+
+    // Starts the server and waits until it answers. False, with error(), on failure.
+    bool start(std::chrono::milliseconds timeout = std::chrono::seconds(20));
+    // Kills the server (the destructor does this too) and restores PULSE_SERVER.
+    void stop();
+    bool running() const { return serverPid_ > 0; }
+    const std::string& error() const { return error_; }
+    // "unix:<folder>/native"
+    const std::string& address() const { return address_; }
+    const std::string& folder() const { return folder_; }
+    // The server's own log, for failure messages.
+    std::string serverLog() const;
+
+    // Queues samples for the microphone and returns at once; a writer thread feeds
+    // them to the pipe in real time. Samples at another rate are resampled.
+    void writeToMicrophone(const std::vector<int16_t>& samples, int rate);
+    // Waits until everything queued has gone into the pipe.
+    bool waitMicrophoneDrained(std::chrono::milliseconds timeout);
+
+    // Records the speaker's monitor (s16le mono at `rate`) with parec until
+    // stopRecording(); returns once the recording stream is connected.
+    bool startRecordingSpeaker(int rate = 44100, std::chrono::milliseconds timeout = std::chrono::seconds(10));
+    // The same for any source, for example kMicrophone. One recording at a time.
+    bool startRecording(const std::string& source, int rate,
+                        std::chrono::milliseconds timeout = std::chrono::seconds(10));
+    // What has been recorded so far, without stopping.
+    std::vector<int16_t> recording() const;
+    std::vector<int16_t> stopRecording();
+
+    // Runs pactl against this server; returns its exit status (-1 if it could not
+    // run) and, if asked, what it printed.
+    int pactl(const std::vector<std::string>& args, std::string* output = nullptr) const;
+
+private:
+    std::vector<std::string> childEnvironment() const;
+    pid_t spawn(const std::vector<std::string>& argv, const std::string& outputFile) const;
+    bool failWith(const std::string& message);
+    void writerLoop();
+
+    Options options_;
+    std::string folder_;
+    std::string address_;
+    std::string error_;
+    std::string fifoPath_;
+    std::optional<std::string> savedPulseServer_;
+    bool pulseServerWasSet_ = false;
+    pid_t serverPid_ = -1;
+
+    int fifo_ = -1;
+    std::thread writer_;
+    mutable std::mutex mutex_;
+    std::condition_variable changed_;
+    std::deque<int16_t> pending_;
+    bool stopping_ = false;
+
+    pid_t recorderPid_ = -1;
+    std::string recordingPath_;
+};
+
+// Base for test suites that need the server: one server for the whole program,
+// started before the first such test and stopped when the program ends. A test is
+// skipped when PulseAudio is not installed and fails when the server will not start.
+class PulseServerTest : public ::testing::Test {
+public:
+    static PulseServer& pulse();
+
+protected:
+    void SetUp() override;
+};
+
+} // namespace uke::test
