@@ -1,0 +1,60 @@
+#pragma once
+// A rating prompt on virtual ports, configured as start-up configures it.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "platform/virtual/VirtualPlatform.h"
+#include "rating/RatingPrompt.h"
+#include "settings/SettingsKeys.h"
+
+namespace uke::test {
+
+constexpr double kDay = 86400.0;
+
+// Records every delegate call; can refuse the alert.
+struct RecordingDelegate : RatingPromptDelegate {
+    bool ratingPromptShouldDisplayAlert(RatingPrompt&) override {
+        ++asked;
+        return allow;
+    }
+    void ratingPromptDidDisplayAlert(RatingPrompt&) override { ++displayed; }
+    void ratingPromptDidDeclineToRate(RatingPrompt&) override { ++declined; }
+    void ratingPromptDidOptToRate(RatingPrompt&) override { ++rated; }
+    void ratingPromptDidOptToRemindLater(RatingPrompt&) override { ++remindLater; }
+    bool allow = true;
+    int asked = 0, displayed = 0, declined = 0, rated = 0, remindLater = 0;
+};
+
+class RatingFixture : public ::testing::Test {
+protected:
+    RatingFixture() { rebuild(); }
+
+    void rebuild() {
+        rating.reset();
+        rating = std::make_unique<RatingPrompt>(platform.services());
+        rating->setAppId("123456");
+        rating->setDaysUntilPrompt(2.0);
+        rating->setUsesUntilPrompt(2);
+        rating->setSignificantEventsUntilPrompt(-1);
+        rating->setTimeBeforeReminding(2.0);
+        rating->setOpenInAppStore(true);
+    }
+
+    SettingsStore& store() { return platform.memoryStore; }
+    double now() const { return platform.runLoop.now(); }
+    void runPending() { platform.runLoop.runPending(); }
+
+    // This version, first used `daysAgo` days ago and used `uses` times: with the
+    // start-up configuration every condition holds.
+    void seedMet(double daysAgo = 3.0, long uses = 5) {
+        store().setString(keys::kRatingPromptCurrentVersion, rating->bundle().version);
+        store().setDouble(keys::kRatingPromptFirstUseDate, now() - daysAgo * kDay);
+        store().setInteger(keys::kRatingPromptUseCount, uses);
+    }
+
+    VirtualPlatform platform;
+    std::unique_ptr<RatingPrompt> rating;
+};
+
+} // namespace uke::test

@@ -1,0 +1,241 @@
+#include <atomic>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
+
+#include "RatingFixture.h"
+
+namespace uke::test {
+namespace {
+
+using Counting = RatingFixture;
+
+TEST_F(Counting, FirstUseTracksTheVersionAndStartsTheClock) {
+    rating->incrementUseCount();
+    EXPECT_EQ(store().stringForKey(keys::kRatingPromptCurrentVersion), UKE_VERSION);
+    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), now());
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
+    EXPECT_EQ(platform.memoryStore.synchronizeCount, 1);
+
+    const double firstUse = now();
+    platform.runLoop.shiftEpoch(5 * kDay);
+    rating->incrementUseCount();
+    rating->incrementSignificantEventCount();
+    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), firstUse) << "kept for the version";
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 2);
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 1);
+    EXPECT_EQ(platform.memoryStore.synchronizeCount, 3);
+    EXPECT_TRUE(platform.log.lines.empty()) << "no log lines without debug";
+}
+
+TEST_F(Counting, AnEventCanSetTheFirstUseDateOfThisVersion) {
+    store().setString(keys::kRatingPromptCurrentVersion, UKE_VERSION);
+    rating->incrementSignificantEventCount();
+    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), now());
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 0);
+}
+
+class NewVersion : public RatingFixture {
+protected:
+    // A user who rated, declined and asked for a reminder on the last version.
+    void SetUp() override {
+        store().setString(keys::kRatingPromptCurrentVersion, "0.9");
+        store().setDouble(keys::kRatingPromptFirstUseDate, now() - 40 * kDay);
+        store().setInteger(keys::kRatingPromptUseCount, 17);
+        store().setInteger(keys::kRatingPromptSignificantEventCount, 4);
+        store().setBool(keys::kRatingPromptRatedCurrentVersion, true);
+        store().setBool(keys::kRatingPromptDeclinedToRate, true);
+        store().setDouble(keys::kRatingPromptReminderRequestDate, now() - kDay);
+    }
+    void expectFreshFlags() {
+        EXPECT_EQ(store().stringForKey(keys::kRatingPromptCurrentVersion), UKE_VERSION);
+        EXPECT_FALSE(store().boolForKey(keys::kRatingPromptRatedCurrentVersion));
+        EXPECT_FALSE(store().boolForKey(keys::kRatingPromptDeclinedToRate));
+        EXPECT_EQ(store().doubleForKey(keys::kRatingPromptReminderRequestDate), 0.0);
+    }
+};
+
+TEST_F(NewVersion, AUseResetsTheCountersAndCountsItself) {
+    rating->incrementUseCount();
+    expectFreshFlags();
+    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), now());
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 0);
+}
+
+TEST_F(NewVersion, AnEventResetsDifferently) {
+    // Deliberately unlike a use: no first-use date and no use counted.
+    rating->incrementSignificantEventCount();
+    expectFreshFlags();
+    EXPECT_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), 0.0);
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 0);
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 1);
+
+    // The next use of the version then starts its clock.
+    rating->incrementUseCount();
+    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), now());
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 1);
+}
+
+TEST_F(NewVersion, ADeclinedOrRatedOldVersionDoesNotBlockTheNewOne) {
+    rating->tryToShowPrompt();
+    EXPECT_EQ(platform.alerts.presentCount, 0);
+    rating->incrementUseCount();
+    rating->tryToShowPrompt();
+    EXPECT_EQ(platform.alerts.presentCount, 1);
+}
+
+TEST_F(Counting, DebugLogLinesAreExact) {
+    rating->setDebug(true);
+    store().setString(keys::kRatingPromptCurrentVersion, "0.9");
+    rating->incrementUseCount(); // a new version logs only what it tracked
+    rating->incrementUseCount();
+    rating->incrementSignificantEventCount();
+    rating->appWillResignActive();
+    const std::vector<std::string> expected{
+        "RATINGPROMPT Tracking version: 0.9",
+        "RATINGPROMPT Tracking version: " UKE_VERSION,
+        "RATINGPROMPT Use count: 2",
+        "RATINGPROMPT Tracking version: " UKE_VERSION,
+        "RATINGPROMPT Significant event count: 1",
+        "RATINGPROMPT appWillResignActive",
+    };
+    EXPECT_EQ(platform.log.lines, expected);
+}
+
+TEST_F(Counting, LaunchCountsOnlyOnceTheLoopRuns) {
+    rating->appLaunched(true);
+    EXPECT_FALSE(store().hasKey(keys::kRatingPromptUseCount)) << "counted on the caller's stack";
+    runPending();
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
+    EXPECT_EQ(platform.alerts.presentCount, 0) << "first use: days and uses not reached";
+}
+
+TEST_F(Counting, LaunchPromptsOnceTheConditionsHold) {
+    seedMet(2.0, 1);
+    rating->appLaunched(false);
+    runPending();
+    EXPECT_EQ(platform.alerts.presentCount, 0) << "the caller said not now";
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 2);
+
+    rating->appLaunched(true);
+    runPending();
+    EXPECT_EQ(platform.alerts.presentCount, 1);
+    EXPECT_EQ(platform.alerts.buttons.size(), 3u);
+}
+
+TEST_F(Counting, DebugLaunchShowsTheAlertWithoutCounting) {
+    rating->setDebug(true);
+    rating->appLaunched(false);
+    runPending();
+    EXPECT_EQ(platform.alerts.presentCount, 1);
+    EXPECT_FALSE(store().hasKey(keys::kRatingPromptUseCount));
+}
+
+TEST_F(Counting, ForegroundAndEventsKeepTheirOrder) {
+    rating->setDebug(true);
+    store().setString(keys::kRatingPromptCurrentVersion, UKE_VERSION);
+    rating->userDidSignificantEvent(false);
+    rating->appEnteredForeground(false);
+    rating->userDidSignificantEvent(false);
+    EXPECT_TRUE(platform.log.lines.empty());
+    runPending();
+    const std::vector<std::string> expected{
+        "RATINGPROMPT Tracking version: " UKE_VERSION, "RATINGPROMPT Significant event count: 1",
+        "RATINGPROMPT Tracking version: " UKE_VERSION, "RATINGPROMPT Use count: 1",
+        "RATINGPROMPT Tracking version: " UKE_VERSION, "RATINGPROMPT Significant event count: 2",
+    };
+    EXPECT_EQ(platform.log.lines, expected);
+}
+
+TEST_F(Counting, WorkStillQueuedWhenThePromptGoesIsDropped) {
+    rating->appLaunched(true);
+    rating->appEnteredForeground(true);
+    rating->userDidSignificantEvent(true);
+    rating.reset();
+    runPending();
+    EXPECT_TRUE(store().keys().empty());
+}
+
+// Background work on real threads, the main thread being the test's own.
+class ThreadedRunLoop : public RunLoop {
+public:
+    ~ThreadedRunLoop() override {
+        for (auto& t : workers_)
+            t.join();
+    }
+    void performAfterDelay(double, Task task) override {
+        std::lock_guard lock(mutex_);
+        main_.push_back(std::move(task));
+        wake_.notify_all();
+    }
+    void scheduleRepeating(double, Task) override {}
+    double now() const override { return 1'700'000'000.0; }
+    void dispatchBackground(Task task) override { workers_.emplace_back(std::move(task)); }
+    // Runs main-thread tasks until `done` holds.
+    template <class Pred> void runMainUntil(Pred done) {
+        while (!done()) {
+            std::unique_lock lock(mutex_);
+            wake_.wait_for(lock, std::chrono::milliseconds(10), [&] { return !main_.empty(); });
+            while (!main_.empty()) {
+                Task t = std::move(main_.front());
+                main_.pop_front();
+                lock.unlock();
+                t();
+                lock.lock();
+            }
+        }
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable wake_;
+    std::deque<Task> main_;
+    std::vector<std::thread> workers_;
+};
+
+TEST(CountingOnWorkers, EventsArriveOnTheMainThreadInCallOrder) {
+    VirtualPlatform platform;
+    ThreadedRunLoop loop;
+    Services s = platform.services();
+    Services threaded{loop,     s.settings, s.strings, s.log,         s.device, s.capture,     s.output,
+                      s.sounds, s.urls,     s.network, s.storeReview, s.alerts, s.resourcePath};
+    auto rating = std::make_unique<RatingPrompt>(threaded);
+    const std::thread::id mainThread = std::this_thread::get_id();
+    struct OnMain : RatingPromptDelegate {
+        std::thread::id expected;
+        std::atomic<bool> offMain{false};
+        bool ratingPromptShouldDisplayAlert(RatingPrompt&) override {
+            offMain = offMain || std::this_thread::get_id() != expected;
+            return false;
+        }
+    } delegate;
+    delegate.expected = mainThread;
+    rating->setDelegate(&delegate);
+    rating->setDebug(true); // conditions met, so every count asks the delegate
+
+    constexpr int kRounds = 40;
+    for (int i = 0; i < kRounds; ++i) {
+        rating->appEnteredForeground(true);
+        rating->userDidSignificantEvent(true);
+    }
+    SettingsStore& st = platform.memoryStore;
+    loop.runMainUntil([&] { return st.integerForKey(keys::kRatingPromptSignificantEventCount) == kRounds; });
+    EXPECT_EQ(st.integerForKey(keys::kRatingPromptUseCount), kRounds);
+    EXPECT_FALSE(delegate.offMain);
+    std::vector<std::string> counts;
+    for (const auto& line : platform.log.lines)
+        if (line.find("count") != std::string::npos)
+            counts.push_back(line);
+    ASSERT_EQ(counts.size(), 2u * kRounds);
+    for (int i = 0; i < kRounds; ++i) {
+        EXPECT_EQ(counts[2 * i], "RATINGPROMPT Use count: " + std::to_string(i + 1));
+        EXPECT_EQ(counts[2 * i + 1], "RATINGPROMPT Significant event count: " + std::to_string(i + 1));
+    }
+    rating.reset();
+}
+
+} // namespace
+} // namespace uke::test
