@@ -72,6 +72,7 @@ public:
     TunerScreenModel& tunerModel() { return tunerModel_; }
     ChordScreenModel& chordModel() { return chordModel_; }
     SharedState& state() { return state_; }
+    RatingPrompt& rating() { return *rating_; }
     Log& log() { return log_; }
     // Pushes changed outlets to the views.
     void sync();
