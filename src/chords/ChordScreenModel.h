@@ -3,6 +3,7 @@
 
 namespace uke {
 
+// clang-format off
 #define UKE_CHORD_GRID_OUTLETS(X)                                                                    \
     X(ImageView, Str1Fr1) X(ImageView, Str1Fr2) X(ImageView, Str1Fr3) X(ImageView, Str1Fr4)           \
     X(ImageView, Str2Fr1) X(ImageView, Str2Fr2) X(ImageView, Str2Fr3) X(ImageView, Str2Fr4)           \
@@ -26,20 +27,29 @@ namespace uke {
     X(ImageView, rightNumberFr2)                                                                     \
     X(ImageView, leftNumberFr2)                                                                      \
     X(Label, chordDisplay)
+// clang-format on
 
 struct ChordScreenModel {
 #define UKE_DECLARE_OUTLET(kind, name) kind name;
     UKE_CHORD_OUTLETS(UKE_DECLARE_OUTLET)
 #undef UKE_DECLARE_OUTLET
 
-    template <class Visitor>
-    void forEachOutlet(Visitor&& visit) {
+    // The screen as its layout first shows it: the standard neck picture, the
+    // sharp/flat button offering flats, no chord yet.
+    ChordScreenModel();
+
+    // Status mark of string s (1..4) and grid cell of string s, row r (1..4).
+    ImageView& stringStatus(int s);
+    ImageView& cell(int s, int r);
+    const ImageView& stringStatus(int s) const;
+    const ImageView& cell(int s, int r) const;
+
+    template <class Visitor> void forEachOutlet(Visitor&& visit) {
 #define UKE_VISIT_OUTLET(kind, name) visit(#name, name);
         UKE_CHORD_OUTLETS(UKE_VISIT_OUTLET)
 #undef UKE_VISIT_OUTLET
     }
-    template <class Visitor>
-    void forEachOutlet(Visitor&& visit) const {
+    template <class Visitor> void forEachOutlet(Visitor&& visit) const {
 #define UKE_VISIT_OUTLET(kind, name) visit(#name, name);
         UKE_CHORD_OUTLETS(UKE_VISIT_OUTLET)
 #undef UKE_VISIT_OUTLET

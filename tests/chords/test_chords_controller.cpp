@@ -1,0 +1,353 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "ChordsFixture.h"
+#include "settings/SettingsKeys.h"
+
+namespace uke {
+namespace {
+
+using test::ChordsFixture;
+
+std::vector<std::string> strings(std::span<const std::string_view> keys) { return {keys.begin(), keys.end()}; }
+
+long rowOf(std::span<const std::string_view> keys, std::string_view key) {
+    return static_cast<long>(std::find(keys.begin(), keys.end(), key) - keys.begin());
+}
+
+// The marks on the board, in the chart notation, for comparing whole drawings.
+std::string drawn(const ChordScreenModel& s) {
+    std::string out;
+    for (int str = 4; str >= 1; --str) {
+        std::string group;
+        const std::string& status = s.stringStatus(str).image;
+        if (status == "circle.png")
+            group += 'o';
+        else if (status == "x.png")
+            group += 'x';
+        for (int r = 1; r <= 4; ++r)
+            if (s.cell(str, r).image == "dot.png")
+                group += static_cast<char>('0' + r);
+        out += group.empty() ? "-" : group.size() == 1 ? group : "(" + group + ")";
+    }
+    if (!s.rightNumberFr1.image.empty())
+        out += "/R1=" + s.rightNumberFr1.image.substr(0, 1);
+    if (!s.rightNumberFr2.image.empty())
+        out += "/R2=" + s.rightNumberFr2.image.substr(0, 1);
+    if (!s.leftNumberFr2.image.empty())
+        out += "/L2=" + s.leftNumberFr2.image.substr(0, 1);
+    return out;
+}
+
+class ChordsScreen : public ChordsFixture {
+protected:
+    // Turns the pickers to (root, type) as a user would.
+    void select(std::string_view root, std::string_view variant) {
+        controller->didSelectRow(1, rowOf(ChordCatalogue::rootKeys, root));
+        const int64_t tag = screen.selectVariant.tag;
+        controller->didSelectRow(tag, rowOf(ChordCatalogue::variantKeys(controller->ukuleleType), variant));
+    }
+};
+
+TEST_F(ChordsScreen, TitlesFollowTheChartAndStayUntouchedOutsideIt) {
+    const std::pair<int64_t, const char*> charts[] = {{1, "Standard"}, {2, "Baritone"}, {3, "Open C"}, {4, "Open G"}};
+    for (const auto& [chart, second] : charts) {
+        open(chart);
+        EXPECT_EQ(screen.chordsTitle1.text, "Chord library") << chart;
+        EXPECT_EQ(screen.chordsTitle2.text, second) << chart;
+    }
+    for (int64_t chart : {0, 5, -1}) {
+        open(chart);
+        EXPECT_EQ(screen.chordsTitle1.text, "") << chart;
+        EXPECT_EQ(screen.chordsTitle2.text, "") << chart;
+    }
+}
+
+TEST_F(ChordsScreen, RootNamesFollowTheNamingSystemOnStandardAndBaritone) {
+    auto& c = open(1, 1);
+    EXPECT_EQ(c.chordList(), strings(ChordCatalogue::rootKeys));
+    EXPECT_EQ(c.variantList(), strings(ChordCatalogue::fullVariantKeys));
+    EXPECT_EQ(screen.selectRootChord.rows, c.chordList());
+    EXPECT_EQ(screen.selectRootChord.tag, 1);
+    EXPECT_EQ(screen.selectVariant.tag, 2);
+
+    EXPECT_EQ(open(2, 2).chordList()[1], "La#/Si♭");
+    EXPECT_EQ(open(2, 3).chordList()[4], "Do#/Ré♭");
+    EXPECT_EQ(open(1, 4).chordList()[2], "H");
+    EXPECT_EQ(open(1, 5).chordList()[9], "Фа#/Соль♭");
+    EXPECT_EQ(open(1, 0).chordList()[0], "loc:A");
+
+    platform.strings.entries.clear();
+    EXPECT_EQ(open(1, 0).chordList(), std::vector<std::string>(12, "")) << "missing strings give empty names";
+}
+
+TEST_F(ChordsScreen, NamingSystemOutOfRangeLeavesThePickersEmptyAndUnwired) {
+    for (int64_t language : {6, -1}) {
+        auto& c = open(1, language, {3, 3});
+        EXPECT_TRUE(c.chordList().empty());
+        EXPECT_EQ(c.numberOfRowsInComponent(1), 0);
+        EXPECT_EQ(c.numberOfRowsInComponent(2), 0);
+        EXPECT_EQ(screen.selectRootChord.tag, 0);
+        EXPECT_TRUE(screen.selectVariant.rows.empty());
+        EXPECT_EQ(screen.chordDisplay.text, "-");
+    }
+}
+
+TEST_F(ChordsScreen, OpenTuningsForceLocalisedRootsAndTheShortList) {
+    for (int64_t chart : {3, 4}) {
+        for (int64_t language : {1, 2, 9}) {
+            auto& c = open(chart, language);
+            EXPECT_EQ(c.chordList()[0], "loc:A") << chart << "/" << language;
+            EXPECT_EQ(c.variantList(), strings(ChordCatalogue::shortVariantKeys));
+            EXPECT_EQ(screen.selectVariant.tag, chart);
+            EXPECT_EQ(c.numberOfRowsInComponent(chart), 10);
+        }
+    }
+    EXPECT_EQ(open(3).variantList(),
+              (std::vector<std::string>{"-", "m", "aug", "dim", "6", "m6", "7", "maj7", "m7", "9"}));
+}
+
+TEST_F(ChordsScreen, PickerDataSourceAnswersByTag) {
+    auto& c = open(1);
+    EXPECT_EQ(c.numberOfComponentsInPickerView(), 1);
+    EXPECT_EQ(c.numberOfRowsInComponent(1), 12);
+    for (int64_t tag : {2, 3, 4})
+        EXPECT_EQ(c.numberOfRowsInComponent(tag), 15);
+    EXPECT_EQ(c.numberOfRowsInComponent(0), 0);
+    EXPECT_EQ(c.numberOfRowsInComponent(5), 0);
+    EXPECT_EQ(c.titleForRow(1, 3), "C");
+    EXPECT_EQ(c.titleForRow(2, 14), "7sus4");
+    EXPECT_EQ(c.titleForRow(7, 9), "add9") << "every tag but 1 reads the type list";
+}
+
+TEST_F(ChordsScreen, RowsSelectKeysFromTheFixedTablesNeverFromTheText) {
+    auto& c = open(1, 5);
+    c.didSelectRow(1, 1);
+    EXPECT_EQ(c.currentChord(), "A#/B♭");
+    c.didSelectRow(2, 4);
+    EXPECT_EQ(c.currentVariant(), "7");
+    EXPECT_EQ(screen.chordDisplay.text, "A#7");
+    EXPECT_EQ(screen.selectVariant.selectedRow, 4);
+
+    auto& open3 = open(3);
+    open3.didSelectRow(3, 4);
+    EXPECT_EQ(open3.currentVariant(), "6");
+    // A full-list type on an open tuning finds no shape: the board stays cleared.
+    open3.didSelectRow(2, 12);
+    EXPECT_EQ(open3.currentVariant(), "sus2");
+    EXPECT_EQ(screen.chordDisplay.text, "-");
+    EXPECT_EQ(drawn(screen), "----");
+}
+
+TEST_F(ChordsScreen, RowsOutOfBoundsChangeNothing) {
+    auto& c = open(1, 1, {2, 5});
+    const ChordScreenModel before = screen;
+    const long chords = stored(keys::chordsSearched), variants = stored(keys::variantsSearched);
+    c.didSelectRow(1, 12);
+    c.didSelectRow(1, -1);
+    c.didSelectRow(2, 15);
+    c.didSelectRow(3, 10);
+    c.didSelectRow(4, 10);
+    c.didSelectRow(0, 1);
+    c.didSelectRow(5, 1);
+    EXPECT_EQ(stored(keys::chordsSearched), chords);
+    EXPECT_EQ(stored(keys::variantsSearched), variants);
+    EXPECT_EQ(c.currentChord(), "B");
+    EXPECT_EQ(c.currentVariant(), "m7");
+    EXPECT_TRUE(screen.chordDisplay == before.chordDisplay && screen.Str4Fr2 == before.Str4Fr2);
+}
+
+TEST_F(ChordsScreen, FirstChordComesFromTwoDrawsOfEight) {
+    auto& c = open(1, 1, {7, 7});
+    EXPECT_EQ(bounds, (std::vector<uint32_t>{8, 8}));
+    EXPECT_EQ(screen.selectRootChord.selectedRow, 7);
+    EXPECT_EQ(screen.selectVariant.selectedRow, 7);
+    EXPECT_EQ(c.currentChord(), "E");
+    EXPECT_EQ(c.currentVariant(), "6");
+    EXPECT_EQ(screen.chordDisplay.text, "E6");
+    EXPECT_EQ(drawn(screen), "4444");
+
+    auto& open4 = open(4, 1, {0, 7});
+    EXPECT_EQ(open4.currentChord(), "A");
+    EXPECT_EQ(open4.currentVariant(), "maj7") << "row 7 of the short list";
+    EXPECT_EQ(drawn(screen), "2213/R1=5");
+}
+
+TEST_F(ChordsScreen, OpeningCountsTwoRootsAndThreeChords) {
+    auto& c = open(1, 1, {3, 1});
+    EXPECT_EQ(stored(keys::chordsSearched), 2);
+    EXPECT_EQ(stored(keys::variantsSearched), 3);
+    EXPECT_EQ(c.chordsSearched(), 2);
+    EXPECT_EQ(c.variantsSearched(), 3);
+    EXPECT_EQ(platform.memoryStore.synchronizeCount, 5) << "every count is written through at once";
+
+    c.didSelectRow(2, 9);
+    EXPECT_EQ(stored(keys::chordsSearched), 2) << "a chord type never counts as a root";
+    EXPECT_EQ(stored(keys::variantsSearched), 4);
+    c.didSelectRow(1, 0);
+    EXPECT_EQ(stored(keys::chordsSearched), 3);
+    EXPECT_EQ(stored(keys::variantsSearched), 5);
+
+    open(2);
+    EXPECT_EQ(stored(keys::chordsSearched), 5) << "counts persist across openings";
+    EXPECT_EQ(stored(keys::variantsSearched), 8);
+}
+
+TEST_F(ChordsScreen, RatingCheckLogsBothCountsAndAsksOnlyAtFiveToTwentyFive) {
+    open(1);
+    ASSERT_GE(platform.log.lines.size(), 4u);
+    EXPECT_EQ(platform.log.lines[0], "Acordes consultados:1");
+    EXPECT_EQ(platform.log.lines[1], "Variantes consultadas:0");
+    EXPECT_EQ(platform.log.lines[2], "Acordes consultados:2");
+    EXPECT_EQ(platform.log.lines[3], "Variantes consultadas:2");
+
+    for (long start : {3L, 4L}) {
+        platform.store->setInteger(keys::chordsSearched, start);
+        ratingAsks = 0;
+        open(1);
+        EXPECT_EQ(ratingAsks, 1) << "from " << start;
+        EXPECT_TRUE(platform.log.contains("Acordes consultados:5"));
+    }
+    platform.store->setInteger(keys::chordsSearched, 5);
+    ratingAsks = 0;
+    open(1);
+    EXPECT_EQ(ratingAsks, 0) << "5 -> 7 passes no multiple of five";
+
+    for (long due : {10L, 15L, 20L, 25L, 30L, 35L}) {
+        platform.store->setInteger(keys::chordsSearched, due - 1);
+        ratingAsks = 0;
+        controller->didSelectRow(1, 2);
+        EXPECT_EQ(ratingAsks, due <= 25 ? 1 : 0) << due;
+    }
+}
+
+TEST_F(ChordsScreen, SharpFlatSwitchSpellsTheNameAndOffersTheOtherSpelling) {
+    auto& c = open(1, 1, {1, 9});
+    EXPECT_EQ(screen.buttonFlatOrSharp.image, "flat.png");
+    EXPECT_EQ(screen.chordDisplay.text, "A#add9");
+    const long chords = stored(keys::chordsSearched), variants = stored(keys::variantsSearched);
+
+    c.toggleSharpOfFlat();
+    EXPECT_EQ(screen.chordDisplay.text, "B♭add9");
+    EXPECT_EQ(screen.buttonFlatOrSharp.image, "sharp.png");
+    EXPECT_EQ(state.showFlatNames, 1);
+    EXPECT_EQ(state.showSharpNames, 0);
+    EXPECT_EQ(stored(keys::chordsSearched), chords + 1);
+    EXPECT_EQ(stored(keys::variantsSearched), variants + 1);
+
+    c.toggleSharpOfFlat();
+    EXPECT_EQ(screen.chordDisplay.text, "A#add9");
+    EXPECT_EQ(screen.buttonFlatOrSharp.image, "flat.png");
+    EXPECT_EQ(state.accidentalToggle, 0);
+    EXPECT_EQ(drawn(screen), "3213") << "both spellings draw the same entry";
+}
+
+TEST_F(ChordsScreen, SpellingOutlivesTheScreenButTheButtonStartsFromTheLayout) {
+    open(1).toggleSharpOfFlat();
+    auto& again = open(1, 1, {6, 0});
+    EXPECT_EQ(screen.chordDisplay.text, "E♭");
+    EXPECT_EQ(screen.buttonFlatOrSharp.image, "flat.png");
+    again.toggleSharpOfFlat();
+    EXPECT_EQ(screen.chordDisplay.text, "D#");
+    EXPECT_EQ(screen.buttonFlatOrSharp.image, "flat.png");
+}
+
+TEST_F(ChordsScreen, InconsistentSpellingStateDrawsNothing) {
+    state.showSharpNames = 1;
+    state.showFlatNames = 1;
+    open(1, 1, {3, 0});
+    EXPECT_EQ(screen.chordDisplay.text, "-");
+    EXPECT_EQ(drawn(screen), "----");
+    state.showSharpNames = 0;
+    state.showFlatNames = 0;
+    controller->didSelectRow(2, 1);
+    EXPECT_EQ(drawn(screen), "----");
+}
+
+TEST_F(ChordsScreen, DrawsMarksLabelsAndNamesAndClearsBetweenDrawings) {
+    open(1);
+    select("G#/A♭", "-");
+    EXPECT_EQ(drawn(screen), "4232/L2=3");
+    EXPECT_EQ(screen.leftNumberFr2.image, "3.png");
+    EXPECT_EQ(screen.rightNumberFr1.image, "");
+    EXPECT_EQ(screen.rightNumberFr2.image, "");
+    EXPECT_EQ(screen.chordDisplay.text, "G#");
+
+    select("C", "6");
+    EXPECT_EQ(drawn(screen), "----") << "the empty entry leaves every mark view empty";
+    EXPECT_EQ(screen.chordDisplay.text, "C6");
+
+    select("C#/D♭", "add9");
+    EXPECT_EQ(drawn(screen), "1(13)1(14)");
+    select("D#/E♭", "m9");
+    EXPECT_EQ(drawn(screen), "13x4/R2=4");
+    EXPECT_EQ(screen.string2Status.image, "x.png");
+    select("F#/G♭", "7sus4");
+    EXPECT_EQ(drawn(screen), "2233/R1=5");
+
+    open(3);
+    select("E", "m7");
+    EXPECT_EQ(drawn(screen), "(o4)2o-");
+    EXPECT_EQ(screen.string4Status.image, "circle.png");
+    EXPECT_EQ(screen.Str4Fr4.image, "dot.png");
+    EXPECT_EQ(screen.chordDisplay.text, "Em7");
+}
+
+TEST_F(ChordsScreen, UnknownChartDrawsNothingButStillCounts) {
+    for (int64_t chart : {0, 5}) {
+        const long before = stored(keys::variantsSearched);
+        open(chart, 1, {1, 1});
+        EXPECT_EQ(screen.chordDisplay.text, "-");
+        EXPECT_EQ(screen.ukuleleFretboard.image, "fretboard.png");
+        EXPECT_EQ(stored(keys::variantsSearched), before + 3);
+    }
+}
+
+struct PictureCase {
+    int64_t chart;
+    Idiom idiom;
+    double height;
+    const char* picture;
+};
+
+TEST_F(ChordsScreen, NeckPictureFollowsTheChartAndTheExactScreenHeight) {
+    const PictureCase cases[] = {
+        {2, Idiom::Phone, 480, "bchords_iPhone.png"},
+        {2, Idiom::Phone, 568, "bchords_iPhone5.png"},
+        {2, Idiom::Phone, 667, "bchords_iPhone6.png"},
+        {2, Idiom::Phone, 736, "bchords_iPhone6Plus.png"},
+        {3, Idiom::Phone, 812, "slchords_iPhone6Plus.png"},
+        {3, Idiom::Phone, 896, "slchords_iPhone6Plus.png"},
+        {4, Idiom::Pad, 1024, "slbchords_iPad.png"},
+        {4, Idiom::Pad, 1366, "slbchords_iPad.png"},
+        {4, Idiom::Pad, 777, "slbchords_iPad.png"},
+        {3, Idiom::Phone, 844, "fretboard.png"},
+        {2, Idiom::Phone, 926, "fretboard.png"},
+        {4, Idiom::Phone, 667.5, "fretboard.png"},
+        {2, Idiom::Other, 667, "fretboard.png"},
+        {1, Idiom::Phone, 667, "fretboard.png"},
+        {1, Idiom::Pad, 1024, "fretboard.png"},
+        {0, Idiom::Pad, 1024, "fretboard.png"},
+        {5, Idiom::Phone, 480, "fretboard.png"},
+    };
+    for (const PictureCase& k : cases) {
+        platform.device.idiomValue = k.idiom;
+        platform.device.height = k.height;
+        open(k.chart);
+        EXPECT_EQ(screen.ukuleleFretboard.image, k.picture) << k.chart << " at " << k.height;
+    }
+}
+
+TEST_F(ChordsScreen, ClearingKeepsTheNeckPicture) {
+    platform.device.height = 667;
+    auto& c = open(2, 1, {3, 2});
+    ASSERT_NE(drawn(screen), "----");
+    c.clearFretboard();
+    EXPECT_EQ(drawn(screen), "----");
+    EXPECT_EQ(screen.chordDisplay.text, "-");
+    EXPECT_EQ(screen.ukuleleFretboard.image, "bchords_iPhone6.png");
+}
+
+} // namespace
+} // namespace uke
