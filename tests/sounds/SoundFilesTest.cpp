@@ -1,0 +1,209 @@
+// The committed recordings: one per note a tuning plays, plucked, about two seconds,
+// exactly in tune, and read inside the tuner's window by the app's own estimator.
+#include <gtest/gtest.h>
+#include <samplerate.h>
+#include <sndfile.h>
+
+#include <algorithm>
+#include <cmath>
+#include <complex>
+#include <cstdio>
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "audio/MicListener.h"
+#include "platform/virtual/Fakes.h"
+#include "tuner/StringTargetTable.h"
+#include "tuner/TuningCatalogue.h"
+
+namespace uke {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kSounds = fs::path(UKE_SOURCE_DIR) / "resources" / "sounds";
+
+struct Sound {
+    int rate = 0;
+    std::vector<double> mono; // full scale = 1
+    double seconds() const { return static_cast<double>(mono.size()) / rate; }
+};
+
+Sound load(const fs::path& path) {
+    Sound s;
+    SF_INFO info{};
+    SNDFILE* f = sf_open(path.c_str(), SFM_READ, &info);
+    if (!f) {
+        ADD_FAILURE() << path << ": " << sf_strerror(nullptr);
+        return s;
+    }
+    std::vector<double> frames(static_cast<size_t>(info.frames * info.channels));
+    const sf_count_t got = sf_readf_double(f, frames.data(), info.frames);
+    sf_close(f);
+    s.rate = info.samplerate;
+    for (sf_count_t i = 0; i < got; ++i) {
+        double sum = 0.0;
+        for (int c = 0; c < info.channels; ++c)
+            sum += frames[static_cast<size_t>(i * info.channels + c)];
+        s.mono.push_back(sum / info.channels);
+    }
+    return s;
+}
+
+double rms(const Sound& s, double from, double to) {
+    const auto a = static_cast<size_t>(from * s.rate), b = std::min(s.mono.size(), static_cast<size_t>(to * s.rate));
+    double sum = 0.0;
+    for (size_t i = a; i < b; ++i)
+        sum += s.mono[i] * s.mono[i];
+    return b > a ? std::sqrt(sum / static_cast<double>(b - a)) : 0.0;
+}
+
+// Strongest frequency near `guess` over one second from 0.1 s, to a thousandth of
+// a hertz: a Hann-windowed DFT evaluated on a grid and then on a finer one.
+double finePitch(const Sound& s, double guess) {
+    const auto start = static_cast<size_t>(0.1 * s.rate);
+    const auto n = std::min(static_cast<size_t>(s.rate), s.mono.size() - start);
+    std::vector<double> x(n);
+    for (size_t i = 0; i < n; ++i)
+        x[i] = s.mono[start + i] *
+               (0.5 - 0.5 * std::cos(2.0 * M_PI * static_cast<double>(i) / static_cast<double>(n - 1)));
+    const auto power = [&](double hz) {
+        const std::complex<double> step = std::polar(1.0, -2.0 * M_PI * hz / s.rate);
+        std::complex<double> phasor = 1.0, sum = 0.0;
+        for (double v : x) {
+            sum += v * phasor;
+            phasor *= step;
+        }
+        return std::norm(sum);
+    };
+    double best = guess;
+    for (double span : {3.0, 0.06}) {
+        const double centre = best;
+        double top = -1.0;
+        for (double hz = centre - span; hz <= centre + span; hz += span / 60.0)
+            if (const double p = power(hz); p > top) {
+                top = p;
+                best = hz;
+            }
+    }
+    return best;
+}
+
+// The tuner's estimate for each 4096-sample block of the sound heard at 14039 Hz.
+std::vector<float> estimates(const Sound& s) {
+    std::vector<float> in(s.mono.begin(), s.mono.end());
+    const double ratio = MicListener::kSampleRate / s.rate;
+    std::vector<float> out(static_cast<size_t>(static_cast<double>(in.size()) * ratio) + 16);
+    SRC_DATA data{};
+    data.data_in = in.data();
+    data.input_frames = static_cast<long>(in.size());
+    data.data_out = out.data();
+    data.output_frames = static_cast<long>(out.size());
+    data.src_ratio = ratio;
+    EXPECT_EQ(src_simple(&data, SRC_SINC_BEST_QUALITY, 1), 0);
+    out.resize(static_cast<size_t>(data.output_frames_gen));
+
+    static RecordingLog log;
+    static FakeAudioCapture capture;
+    MicListener::configure(capture, log);
+    MicListener& listener = *MicListener::sharedListener();
+    std::vector<float> hz;
+    std::vector<int16_t> block(4096);
+    for (size_t at = 0; at + block.size() <= out.size(); at += block.size()) {
+        for (size_t i = 0; i < block.size(); ++i)
+            block[i] = static_cast<int16_t>(std::lround(std::clamp(out[at + i] * 32767.0f, -32768.0f, 32767.0f)));
+        hz.push_back(listener.getFreqFromBuffer(block.data(), 8192));
+    }
+    return hz;
+}
+
+std::vector<Pitch> allPitches() {
+    std::vector<Pitch> v;
+    for (size_t i = 0; i < kPitchCount; ++i)
+        v.push_back(static_cast<Pitch>(i));
+    return v;
+}
+
+std::string fileOf(Pitch p) { return std::string(pitchFileStem(p)) + ".mp3"; }
+
+TEST(SoundFiles, ExactlyTheSeventeenNotesAndTheBeepAreThere) {
+    std::set<std::string> want = {"beep-full.mp3"};
+    for (int64_t t = TuningCatalogue::kFirst; t <= TuningCatalogue::kLast; ++t)
+        for (Pitch p : TuningCatalogue::tuning(t).strings)
+            want.insert(fileOf(p));
+    EXPECT_EQ(want.size(), 18u);
+    std::set<std::string> have;
+    for (const auto& entry : fs::directory_iterator(kSounds))
+        if (entry.path().extension() == ".mp3")
+            have.insert(entry.path().filename().string());
+    EXPECT_EQ(have, want);
+}
+
+TEST(SoundFiles, RecordingsArePlucksOfAboutTwoSecondsThatDieAway) {
+    for (Pitch p : allPitches()) {
+        SCOPED_TRACE(fileOf(p));
+        const Sound s = load(kSounds / fileOf(p));
+        ASSERT_EQ(s.rate, 44100);
+        EXPECT_GT(s.seconds(), 1.8);
+        EXPECT_LT(s.seconds(), 2.5);
+        const double peak = std::abs(*std::max_element(s.mono.begin(), s.mono.end(),
+                                                       [](double a, double b) { return std::abs(a) < std::abs(b); }));
+        EXPECT_GT(peak, 0.5);
+        EXPECT_LT(peak, 0.99); // never clipped
+        // Loud at once, fading all the way, and silent at the very end.
+        EXPECT_GT(rms(s, 0.0, 0.15), 0.1);
+        EXPECT_LT(rms(s, 1.4, 1.7), rms(s, 0.05, 0.35) / 8.0);
+        EXPECT_LT(rms(s, s.seconds() - 0.02, s.seconds()), 0.002);
+    }
+}
+
+TEST(SoundFiles, RecordingsAreInTuneToAHundredthOfASemitone) {
+    StringTargetTable targets;
+    targets.recompute(440.0);
+    for (Pitch p : allPitches()) {
+        const double target = targets[p].target;
+        const double hz = finePitch(load(kSounds / fileOf(p)), target);
+        EXPECT_NEAR(1200.0 * std::log2(hz / target), 0.0, 1.0) << fileOf(p) << " sounds at " << hz << " Hz";
+    }
+}
+
+TEST(SoundFiles, TheTunersEstimatorReadsEveryRecordingInsideItsWindow) {
+    StringTargetTable targets;
+    targets.recompute(440.0);
+    for (Pitch p : allPitches()) {
+        const StringTarget& t = targets[p];
+        const std::vector<float> hz = estimates(load(kSounds / fileOf(p)));
+        std::string line;
+        char buf[64];
+        for (float f : hz) {
+            std::snprintf(buf, sizeof buf, " %.3f", static_cast<double>(f));
+            line += buf;
+        }
+        std::printf("%-7s target %8.3f window [%8.3f, %8.3f] blocks:%s\n", fileOf(p).c_str(), t.target,
+                    t.target - t.basis / 360.0, t.target + t.basis / 360.0, line.c_str());
+        // Every block of the ringing note; the last block falls in the fade-out.
+        ASSERT_GE(hz.size(), 6u);
+        for (size_t b = 0; b < 6; ++b)
+            EXPECT_NEAR(hz[b], t.target, t.basis / 360.0) << fileOf(p) << " block " << b;
+    }
+}
+
+TEST(SoundFiles, BeepIsShortAndAboveEverythingTheTunerListensFor) {
+    const Sound s = load(kSounds / "beep-full.mp3");
+    ASSERT_EQ(s.rate, 44100);
+    EXPECT_LT(s.seconds(), 0.6);
+    EXPECT_GT(rms(s, 0.0, 0.2), 0.05);
+    // Heard by the microphone, the beep must not pass the tuner's 1000 Hz gate.
+    std::vector<double> padded = s.mono;
+    padded.resize(static_cast<size_t>(s.rate), 0.0);
+    const std::vector<float> hz = estimates(Sound{s.rate, padded});
+    ASSERT_FALSE(hz.empty());
+    EXPECT_GT(hz.front(), 1000.0f);
+    for (float f : hz)
+        EXPECT_TRUE(f == 0.0f || f > 1000.0f) << f;  // 0 Hz: the silence after it
+}
+
+} // namespace
+} // namespace uke
