@@ -241,7 +241,11 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
     fifo_ = ::open(fifoPath_.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
     if (fifo_ < 0)
         return failWith("cannot open the microphone pipe: " + std::string(std::strerror(errno)));
-    ::fcntl(fifo_, F_SETFL, ::fcntl(fifo_, F_GETFL) & ~O_NONBLOCK);
+    // The pipe source stops reading while nothing records, and a real microphone
+    // does not store sound for later: the writer never blocks, a full pipe drops
+    // the slice, and a small pipe keeps what is replayed to the next recording
+    // short (about 0.2 s at 44100 Hz).
+    ::fcntl(fifo_, F_SETPIPE_SZ, 16384);
     // A server that dies under a write must fail the test, not kill the program.
     std::signal(SIGPIPE, SIG_IGN);
 
@@ -277,17 +281,14 @@ void PulseServer::writerLoop() {
             if (pending_.empty())
                 changed_.notify_all();
         }
-        const auto* bytes = reinterpret_cast<const char*>(chunk.data());
-        size_t left = chunk.size() * sizeof(int16_t);
-        while (left > 0) {
-            const ssize_t w = ::write(fifo_, bytes, left);
-            if (w < 0 && errno == EINTR)
-                continue;
-            if (w <= 0)
-                return;
-            bytes += w;
-            left -= static_cast<size_t>(w);
-        }
+        // A slice is smaller than PIPE_BUF, so it goes in whole or not at all.
+        const size_t size = chunk.size() * sizeof(int16_t);
+        ssize_t w = 0;
+        do {
+            w = ::write(fifo_, chunk.data(), size);
+        } while (w < 0 && errno == EINTR);
+        if (w < 0 && errno != EAGAIN)
+            return; // the server is gone
         next += std::chrono::milliseconds(10);
         const auto now = Clock::now();
         if (next < now - std::chrono::milliseconds(200))

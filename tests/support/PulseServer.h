@@ -60,7 +60,8 @@ public:
     std::string serverLog() const;
 
     // Queues samples for the microphone and returns at once; a writer thread feeds
-    // them to the pipe in real time. Samples at another rate are resampled.
+    // them to the pipe in real time. Samples at another rate are resampled. As with
+    // a real microphone, what is played while nothing records is lost.
     void writeToMicrophone(const std::vector<int16_t>& samples, int rate);
     // Waits until everything queued has gone into the pipe.
     bool waitMicrophoneDrained(std::chrono::milliseconds timeout);

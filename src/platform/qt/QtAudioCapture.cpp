@@ -1,21 +1,343 @@
+#include "platform/qt/QtAudioCapture.h"
+
+#include <QAudioDevice>
+#include <QAudioFormat>
+#include <QAudioSource>
+#include <QIODevice>
+#include <QMediaDevices>
+#include <QThread>
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <cstring>
+#include <deque>
+#include <map>
+#include <mutex>
+#include <vector>
+
+#include <samplerate.h>
+
 #include "platform/qt/QtPorts.h"
 
 namespace uke {
 
 namespace {
-class NoCapture : public AudioCapture {
+
+// Time the sound server gets to let go of a stopped stream before its source is
+// deleted; deleting at once can race with the server's last callback.
+constexpr unsigned long kSettleMs = 100;
+
+const char* describe(QAudio::Error e) {
+    switch (e) {
+    case QAudio::NoError: return "no error";
+    case QAudio::OpenError: return "the device could not be opened";
+    case QAudio::IOError: return "reading from the device failed";
+    case QAudio::UnderrunError: return "the device stopped delivering audio";
+    case QAudio::FatalError: return "the audio system failed";
+    }
+    return "unknown audio error";
+}
+
+class QtAudioCapture;
+
+// Where the source writes what it recorded; lives on the capture thread.
+class CaptureSink : public QIODevice {
 public:
-    bool newInput(const Format&, Callback) override { return false; }
-    int allocateBuffer(uint32_t) override { return 0; }
-    void enqueueBuffer(int) override {}
-    void start() override {}
-    void stop() override {}
-    void dispose() override {}
-    bool isRunning() const override { return false; }
-    std::string lastError() const override { return "audio capture is not built in"; }
+    explicit CaptureSink(QtAudioCapture& owner) : owner_(owner) {}
+    bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char* data, qint64 size) override;
+
+private:
+    QtAudioCapture& owner_;
 };
+
+class QtAudioCapture : public AudioCapture {
+public:
+    explicit QtAudioCapture(QtAudioCaptureOptions options) : options_(options), context_(new QObject) {
+        thread_.setObjectName("uke-capture");
+        context_->moveToThread(&thread_);
+        QObject::connect(&thread_, &QThread::finished, context_, &QObject::deleteLater);
+        thread_.start();
+    }
+
+    ~QtAudioCapture() override {
+        dispose();
+        thread_.quit();
+        thread_.wait();
+    }
+
+    bool newInput(const Format& format, Callback callback) override {
+        dispose();
+        if (format.channels != 1 || format.bitsPerChannel != 16 || format.sampleRate < 1.0) {
+            setError("only 16-bit mono capture is supported");
+            return false;
+        }
+        const QAudioDevice device = QMediaDevices::defaultAudioInput();
+        if (device.isNull()) {
+            setError("no audio input device is available");
+            return false;
+        }
+        targetRate_ = static_cast<int>(std::lround(format.sampleRate));
+        QAudioFormat wanted;
+        wanted.setSampleRate(options_.deviceRate > 0 ? options_.deviceRate : targetRate_);
+        wanted.setChannelCount(1);
+        wanted.setSampleFormat(QAudioFormat::Int16);
+        if (!device.isFormatSupported(wanted)) {
+            // Take what the device offers and convert it ourselves.
+            wanted = device.preferredFormat();
+            if (options_.deviceRate > 0)
+                wanted.setSampleRate(options_.deviceRate);
+        }
+        if (!wanted.isValid() || !device.isFormatSupported(wanted)) {
+            setError("the input device \"" + device.description().toStdString() + "\" offers no usable format");
+            return false;
+        }
+        deviceFormat_ = wanted;
+        direct_ = wanted.sampleRate() == targetRate_ && wanted.channelCount() == 1 &&
+                  wanted.sampleFormat() == QAudioFormat::Int16;
+        callback_ = std::move(callback);
+        onCaptureThread([&] {
+            sink_ = new CaptureSink(*this);
+            sink_->open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+            source_ = new QAudioSource(device, deviceFormat_);
+            source_->setBufferSize(options_.sourceBufferBytes);
+            if (!direct_) {
+                int status = 0;
+                resampler_ = src_new(SRC_SINC_MEDIUM_QUALITY, 1, &status);
+            }
+        });
+        if (!direct_ && !resampler_) {
+            dispose();
+            setError("the resampler could not be made");
+            return false;
+        }
+        exists_ = true;
+        return true;
+    }
+
+    int allocateBuffer(uint32_t byteSize) override {
+        std::lock_guard lock(mutex_);
+        const int id = nextId_++;
+        buffers_[id].assign(byteSize / 2, 0);
+        return id;
+    }
+
+    void enqueueBuffer(int bufferId) override {
+        std::lock_guard lock(mutex_);
+        if (buffers_.count(bufferId))
+            enqueued_.push_back(bufferId);
+    }
+
+    void start() override {
+        if (!exists_ || running_)
+            return;
+        onCaptureThread([this] {
+            pending_.clear();
+            carry_.clear();
+            if (resampler_)
+                src_reset(resampler_);
+            // Set before the source starts: the first block may arrive inside start().
+            running_ = true;
+            source_->start(sink_);
+            if (source_->error() != QAudio::NoError || source_->state() == QAudio::StoppedState) {
+                running_ = false;
+                setError(std::string("the microphone could not be started: ") + describe(source_->error()));
+                source_->stop();
+            }
+        });
+    }
+
+    void stop() override {
+        running_ = false;
+        if (!exists_)
+            return;
+        onCaptureThread([this] {
+            source_->stop();
+            pending_.clear();
+        });
+    }
+
+    void dispose() override {
+        running_ = false;
+        onCaptureThread([this] {
+            if (source_) {
+                source_->stop();
+                QThread::msleep(kSettleMs);
+            }
+            delete source_;
+            source_ = nullptr;
+            delete sink_;
+            sink_ = nullptr;
+            if (resampler_)
+                src_delete(resampler_);
+            resampler_ = nullptr;
+            pending_.clear();
+            carry_.clear();
+        });
+        std::lock_guard lock(mutex_);
+        buffers_.clear();
+        enqueued_.clear();
+        exists_ = false;
+    }
+
+    bool isRunning() const override { return running_; }
+
+    std::string lastError() const override {
+        std::lock_guard lock(mutex_);
+        return error_;
+    }
+
+    // On the capture thread: what the source recorded since the last call.
+    void consume(const char* data, qint64 size) {
+        if (!running_)
+            return;
+        if (direct_)
+            appendDirect(data, size);
+        else
+            appendConverted(data, size);
+        deliverBlocks();
+    }
+
+private:
+    template <class F> void onCaptureThread(F&& f) {
+        if (QThread::currentThread() == &thread_)
+            f();
+        else
+            QMetaObject::invokeMethod(context_, std::forward<F>(f), Qt::BlockingQueuedConnection);
+    }
+
+    void setError(std::string e) {
+        std::lock_guard lock(mutex_);
+        error_ = std::move(e);
+    }
+
+    // Bytes can arrive split inside a frame; carry_ keeps the part frame.
+    template <class F> void forEachFrame(const char* data, qint64 size, int frameBytes, F&& frame) {
+        size_t i = 0;
+        const auto n = static_cast<size_t>(size);
+        if (!carry_.empty()) {
+            while (carry_.size() < static_cast<size_t>(frameBytes) && i < n)
+                carry_.push_back(data[i++]);
+            if (carry_.size() < static_cast<size_t>(frameBytes))
+                return;
+            frame(carry_.data());
+            carry_.clear();
+        }
+        for (; i + static_cast<size_t>(frameBytes) <= n; i += static_cast<size_t>(frameBytes))
+            frame(data + i);
+        carry_.assign(data + i, data + n);
+    }
+
+    void appendDirect(const char* data, qint64 size) {
+        forEachFrame(data, size, 2, [this](const char* f) {
+            int16_t s;
+            std::memcpy(&s, f, 2);
+            pending_.push_back(s);
+        });
+    }
+
+    void appendConverted(const char* data, qint64 size) {
+        const int channels = deviceFormat_.channelCount();
+        const int frameBytes = deviceFormat_.bytesPerFrame();
+        const int sampleBytes = deviceFormat_.bytesPerSample();
+        mono_.clear();
+        forEachFrame(data, size, frameBytes, [&](const char* f) {
+            float sum = 0.0f;
+            for (int c = 0; c < channels; ++c)
+                sum += deviceFormat_.normalizedSampleValue(f + c * sampleBytes);
+            mono_.push_back(sum / static_cast<float>(channels));
+        });
+        if (mono_.empty())
+            return;
+        const double ratio = static_cast<double>(targetRate_) / deviceFormat_.sampleRate();
+        resampled_.resize(static_cast<size_t>(static_cast<double>(mono_.size()) * ratio) + 64);
+        SRC_DATA d{};
+        d.data_in = mono_.data();
+        d.input_frames = static_cast<long>(mono_.size());
+        d.src_ratio = ratio;
+        while (d.input_frames > 0) {
+            d.data_out = resampled_.data();
+            d.output_frames = static_cast<long>(resampled_.size());
+            if (src_process(resampler_, &d) != 0)
+                return;
+            for (long i = 0; i < d.output_frames_gen; ++i) {
+                const double v = std::round(static_cast<double>(resampled_[static_cast<size_t>(i)]) * 32768.0);
+                pending_.push_back(static_cast<int16_t>(std::clamp(v, -32768.0, 32767.0)));
+            }
+            d.data_in += d.input_frames_used;
+            d.input_frames -= d.input_frames_used;
+            if (d.input_frames_used == 0 && d.output_frames_gen == 0)
+                break;
+        }
+    }
+
+    // Hands over every whole block for which a buffer is waiting; with no buffer
+    // waiting, the audio is dropped as a recording queue drops it.
+    void deliverBlocks() {
+        for (;;) {
+            int id = 0;
+            const int16_t* samples = nullptr;
+            size_t count = 0;
+            {
+                std::lock_guard lock(mutex_);
+                if (enqueued_.empty()) {
+                    pending_.clear();
+                    return;
+                }
+                auto& buffer = buffers_[enqueued_.front()];
+                count = buffer.size();
+                if (pending_.size() < count)
+                    return;
+                id = enqueued_.front();
+                enqueued_.pop_front();
+                std::copy_n(pending_.begin(), count, buffer.begin());
+                pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(count));
+                samples = buffer.data();
+            }
+            // Outside the lock: the callback enqueues the buffer again.
+            callback_(id, samples, static_cast<uint32_t>(count * 2));
+        }
+    }
+
+    QtAudioCaptureOptions options_;
+    QThread thread_;
+    QObject* context_; // lives on thread_; every call made there goes through it
+    std::atomic<bool> exists_{false};
+    std::atomic<bool> running_{false};
+    Callback callback_;
+
+    mutable std::mutex mutex_; // guards buffers_, enqueued_ and error_
+    std::map<int, std::vector<int16_t>> buffers_;
+    std::deque<int> enqueued_;
+    int nextId_ = 1;
+    std::string error_;
+
+    // Capture thread only.
+    QAudioFormat deviceFormat_;
+    int targetRate_ = 0;
+    bool direct_ = true;
+    QAudioSource* source_ = nullptr;
+    CaptureSink* sink_ = nullptr;
+    SRC_STATE* resampler_ = nullptr;
+    std::vector<char> carry_;
+    std::vector<float> mono_, resampled_;
+    std::deque<int16_t> pending_;
+};
+
+qint64 CaptureSink::writeData(const char* data, qint64 size) {
+    owner_.consume(data, size);
+    return size;
+}
+
 } // namespace
 
-std::unique_ptr<AudioCapture> makeQtAudioCapture() { return std::make_unique<NoCapture>(); }
+std::unique_ptr<AudioCapture> makeQtAudioCapture(const QtAudioCaptureOptions& options) {
+    return std::make_unique<QtAudioCapture>(options);
+}
+
+std::unique_ptr<AudioCapture> makeQtAudioCapture() { return makeQtAudioCapture(QtAudioCaptureOptions{}); }
 
 } // namespace uke
