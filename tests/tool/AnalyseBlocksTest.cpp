@@ -1,0 +1,211 @@
+// Recordings read for analysis, and `uke analyse FILE --blocks`.
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+
+#include <gtest/gtest.h>
+#include <sndfile.h>
+
+#include "AudioFile.h"
+#include "Commands.h"
+#include "support/SyntheticPluck.h"
+
+namespace uke::tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Recordings : public ::testing::Test {
+protected:
+    void SetUp() override {
+        char pattern[] = "/tmp/uke-analyse-XXXXXX";
+        ASSERT_NE(::mkdtemp(pattern), nullptr);
+        dir = pattern;
+    }
+    void TearDown() override { fs::remove_all(dir); }
+
+    // Frames interleaved; format a libsndfile major | minor pair.
+    template <class T>
+    std::string write(const std::string& name, const std::vector<T>& frames, int rate, int channels,
+                      int format = SF_FORMAT_WAV | SF_FORMAT_PCM_16) {
+        const std::string path = (dir / name).string();
+        SF_INFO info{};
+        info.samplerate = rate;
+        info.channels = channels;
+        info.format = format;
+        SNDFILE* f = sf_open(path.c_str(), SFM_WRITE, &info);
+        EXPECT_NE(f, nullptr) << sf_strerror(nullptr);
+        if (!f)
+            return path;
+        if constexpr (std::is_same_v<T, int16_t>)
+            sf_writef_short(f, frames.data(), static_cast<sf_count_t>(frames.size() / channels));
+        else
+            sf_writef_float(f, frames.data(), static_cast<sf_count_t>(frames.size() / channels));
+        sf_close(f);
+        return path;
+    }
+    std::optional<AudioFile> read(const std::string& path) {
+        error.clear();
+        return readAudioFile(path, error);
+    }
+
+    fs::path dir;
+    std::string error;
+};
+
+TEST_F(Recordings, CaptureFormatPassesUnchangedAndIsCutIntoBlocks) {
+    std::vector<int16_t> samples(10000);
+    for (size_t i = 0; i < samples.size(); ++i)
+        samples[i] = static_cast<int16_t>((i * 7919) % 65536 - 32768);
+    const auto audio = read(write("capture.wav", samples, 14039, 1));
+    ASSERT_TRUE(audio) << error;
+    EXPECT_EQ(audio->samples, samples);
+    const auto blocks = audio->blocks();
+    ASSERT_EQ(blocks.size(), 3u);
+    EXPECT_EQ(blocks[0].size(), 4096u);
+    EXPECT_EQ(blocks[1].size(), 4096u);
+    EXPECT_EQ(blocks[2].size(), 1808u);
+    EXPECT_EQ(blocks[2].back(), samples.back());
+}
+
+TEST_F(Recordings, ChannelsAreAveragedAndValuesRoundedAndClipped) {
+    const auto stereo = read(write("stereo.wav", std::vector<int16_t>{1000, 3000, -7, -8, 32767, 32767}, 14039, 2));
+    ASSERT_TRUE(stereo) << error;
+    EXPECT_EQ(stereo->samples, (std::vector<int16_t>{2000, -8, 32767})); // -7.5 rounds away from zero
+
+    const float step = 1.0f / 32768.0f;
+    const auto floats = read(write("float.wav", std::vector<float>{1.5f, -1.5f, 100.4f * step, -100.6f * step}, 14039,
+                                   1, SF_FORMAT_WAV | SF_FORMAT_FLOAT));
+    ASSERT_TRUE(floats) << error;
+    EXPECT_EQ(floats->samples, (std::vector<int16_t>{32767, -32768, 100, -101}));
+}
+
+TEST_F(Recordings, OtherRatesAreResampledToTheCaptureRate) {
+    const auto pluck = test::syntheticPluck(440.0, 44100.0, 44100);
+    const auto audio = read(write("pluck.flac", pluck, 44100, 1, SF_FORMAT_FLAC | SF_FORMAT_PCM_16));
+    ASSERT_TRUE(audio) << error;
+    EXPECT_EQ(audio->sourceRate, 44100);
+    EXPECT_NEAR(static_cast<double>(audio->samples.size()), 14039.0, 2.0);
+    // The same tone sampled directly at the capture rate, away from the edges
+    // where the filter has only half its input.
+    const auto direct = test::syntheticPluck(440.0, 14039.0, 14039);
+    int worst = 0;
+    for (size_t i = 200; i < 13800; ++i)
+        worst = std::max(worst, std::abs(audio->samples[i] - direct[i]));
+    EXPECT_LT(worst, 40);
+}
+
+TEST_F(Recordings, BadFilesGiveOneLineReasons) {
+    EXPECT_FALSE(read((dir / "missing.wav").string()));
+    EXPECT_NE(error.find("missing.wav"), std::string::npos) << error;
+
+    std::ofstream(dir / "empty.wav").close();
+    EXPECT_FALSE(read((dir / "empty.wav").string()));
+    EXPECT_FALSE(error.empty());
+
+    std::ofstream(dir / "noise.wav") << "RIFF\x10\x00\x00\x00WAVEfmt garbage that is no header at all";
+    EXPECT_FALSE(read((dir / "noise.wav").string()));
+    EXPECT_NE(error.find("noise.wav"), std::string::npos) << error;
+
+    EXPECT_FALSE(read(write("silent.wav", std::vector<int16_t>{}, 14039, 1)));
+    EXPECT_NE(error.find("holds no audio"), std::string::npos) << error;
+
+    EXPECT_EQ(error.find('\n'), std::string::npos);
+}
+
+struct Result {
+    int status;
+    std::string out, err;
+};
+
+Result analyse(std::vector<std::string> words) {
+    words.insert(words.begin(), "analyse");
+    std::ostringstream out, err;
+    const int status = run(words, out, err);
+    return {status, out.str(), err.str()};
+}
+
+std::vector<std::string> lines(const std::string& text) {
+    std::vector<std::string> out;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);)
+        out.push_back(line);
+    return out;
+}
+
+TEST_F(Recordings, BlocksPrintLevelAndEstimateOfEachBlockAsJson) {
+    // Two full blocks of a pluck on bin 1027, then a short block of silence.
+    auto samples = test::syntheticPluck(1027 * 14039.0 / 32768.0, 14039.0, 8192);
+    samples.resize(8192 + 1000, 0);
+    const std::string path = write("a4.wav", samples, 14039, 1);
+    const Result r = analyse({path, "--blocks", "--format", "json"});
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.err, "");
+    const auto l = lines(r.out);
+    ASSERT_EQ(l.size(), 3u) << r.out;
+
+    const std::regex shape(R"(\{"block": (\d+), "t": (\d+\.\d+), "average": (0\.\d{6}), "peak": (\d\.\d{6}), )"
+                           R"("frequency": (\d+\.\d{4})\})");
+    std::smatch m;
+    ASSERT_TRUE(std::regex_match(l[0], m, shape)) << l[0];
+    EXPECT_EQ(m[1], "0");
+    EXPECT_EQ(m[2], "0.0");
+    EXPECT_EQ(m[5], "440.0041");
+    int peak = 0;
+    double sumSquares = 0.0;
+    for (size_t i = 0; i < 4096; ++i) {
+        peak = std::max(peak, std::abs(static_cast<int>(samples[i])));
+        sumSquares += static_cast<double>(samples[i]) * samples[i];
+    }
+    EXPECT_NEAR(std::stod(m[3]), std::sqrt(sumSquares / 4096) / 32768.0, 1e-6);
+    EXPECT_NEAR(std::stod(m[4]), peak / 32768.0, 1e-6);
+
+    ASSERT_TRUE(std::regex_match(l[1], m, shape)) << l[1];
+    EXPECT_EQ(m[2], "0.291759");
+    EXPECT_EQ(m[5], "440.0041");
+    EXPECT_EQ(l[2], R"({"block": 2, "t": 0.583517, "average": 0.000000, "peak": 0.000000, "frequency": 0.0000})");
+}
+
+TEST_F(Recordings, BlocksAsTextHaveAHeaderAndOneLineEach) {
+    const std::string path = write("a4.wav", test::syntheticPluck(440.0, 14039.0, 5000), 14039, 1);
+    const Result r = analyse({path, "--blocks"});
+    ASSERT_EQ(r.status, 0) << r.err;
+    const auto l = lines(r.out);
+    ASSERT_EQ(l.size(), 3u) << r.out;
+    EXPECT_NE(l[0].find("frequency"), std::string::npos);
+    EXPECT_NE(l[1].find("440.0041"), std::string::npos) << l[1];
+}
+
+TEST_F(Recordings, WrongInputExitsWithOneLineOnStandardError) {
+    const std::string good = write("ok.wav", std::vector<int16_t>(100, 0), 14039, 1);
+    std::ofstream(dir / "corrupt.wav") << "not audio at all";
+    const std::vector<std::vector<std::string>> cases{
+        {},
+        {"--blocks"},
+        {good},
+        {good, "--blocks", "--tuning", "1"},
+        {good, "--blocks", "--format", "xml"},
+        {good, "--blocks", "--a4", "442"},
+        {good, "extra.wav", "--blocks"},
+        {good, "--blocks", "--bogus"},
+        {(dir / "absent.wav").string(), "--blocks"},
+        {(dir / "corrupt.wav").string(), "--blocks"},
+    };
+    for (const auto& words : cases) {
+        const Result r = analyse(words);
+        std::string shown;
+        for (const auto& w : words)
+            shown += w + " ";
+        EXPECT_EQ(r.status, 2) << shown;
+        EXPECT_EQ(r.out, "") << shown;
+        ASSERT_FALSE(r.err.empty()) << shown;
+        EXPECT_EQ(r.err.find('\n'), r.err.size() - 1) << shown << ": " << r.err;
+        EXPECT_EQ(r.err.rfind("uke analyse: ", 0), 0u) << r.err;
+    }
+}
+
+} // namespace
+} // namespace uke::tool

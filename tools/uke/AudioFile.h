@@ -1,0 +1,31 @@
+#pragma once
+// Recordings as the listener would have captured them: mono, 16-bit, at the
+// capture rate, cut into capture-buffer blocks.
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace uke::tool {
+
+struct AudioFile {
+    static constexpr int kRate = 14039;           // hertz, the listener's capture rate
+    static constexpr size_t kBlockSamples = 4096; // one capture buffer
+
+    int sourceRate = 0; // hertz, as stored in the file
+    int sourceChannels = 0;
+    std::vector<int16_t> samples; // mono at kRate
+
+    // Blocks of kBlockSamples; a shorter last block keeps its own length.
+    std::vector<std::vector<int16_t>> blocks(size_t blockSamples = kBlockSamples) const;
+    // Seconds from the start of the recording to the start of block `b`.
+    static double blockStart(size_t b) { return static_cast<double>(b) * kBlockSamples / kRate; }
+};
+
+// Reads any format libsndfile knows: channels are averaged to mono, other rates
+// resampled (SRC_SINC_BEST_QUALITY) to kRate, and samples rounded and clipped to
+// 16 bits. Nothing, with a one-line reason in `error`, for a file that is
+// missing, unreadable, corrupt or empty.
+std::optional<AudioFile> readAudioFile(const std::string& path, std::string& error);
+
+} // namespace uke::tool
