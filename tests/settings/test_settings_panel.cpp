@@ -110,6 +110,9 @@ TEST_F(SettingsPanel, SwitchesWriteThroughAndLogTheirState) {
 }
 
 TEST_F(SettingsPanel, ChartOffKeepsThePreviousTuningsChartAcrossAChange) {
+    // The demonstration picture rewrites the strings and the lamp at every tick.
+    if (demoModeEnabled)
+        GTEST_SKIP();
     launch();
     controller->toggleFreqChart(false);
     controller->showNextTuning();
