@@ -10,6 +10,7 @@
 #include <sndfile.h>
 
 #include "AudioFile.h"
+#include "app/SharedState.h"
 #include "Commands.h"
 #include "support/SyntheticPluck.h"
 
@@ -189,6 +190,9 @@ TEST_F(Recordings, WrongInputExitsWithOneLineOnStandardError) {
         {good, "--blocks", "--tuning", "1"},
         {good, "--blocks", "--format", "xml"},
         {good, "--blocks", "--a4", "442"},
+        {good, "--tuning", "12"},
+        {good, "--tuning", "1", "--device", "watch-3"},
+        {good, "--tuning", "1", "--sensitivity", "11"},
         {good, "extra.wav", "--blocks"},
         {good, "--blocks", "--bogus"},
         {(dir / "absent.wav").string(), "--blocks"},
@@ -205,6 +209,33 @@ TEST_F(Recordings, WrongInputExitsWithOneLineOnStandardError) {
         EXPECT_EQ(r.err.find('\n'), r.err.size() - 1) << shown << ": " << r.err;
         EXPECT_EQ(r.err.rfind("uke analyse: ", 0), 0u) << r.err;
     }
+}
+
+TEST_F(Recordings, TuningReplaysTheRecordingThroughTheTunerOnItsOwnClock) {
+    if (demoModeEnabled)
+        GTEST_SKIP() << "the demonstration picture ignores the microphone";
+    // A second of the first string, a second of silence, then the second string
+    // sung a little flat: outside its window, so it lights nothing.
+    auto samples = test::syntheticPluck(440.0, 14039.0, 14039);
+    samples.resize(2 * 14039, 0);
+    const auto flat = test::syntheticPluck(329.63 * 0.99, 14039.0, 14039);
+    samples.insert(samples.end(), flat.begin(), flat.end());
+    const std::string path = write("strings.wav", samples, 14039, 1);
+
+    const Result r = analyse({path, "--tuning", "1", "--device", "phone-844"});
+    ASSERT_EQ(r.status, 0) << r.err;
+    const auto l = lines(r.out);
+    ASSERT_GE(l.size(), 3u) << r.out;
+    // The first block arrives after 4096 / 14039 s; the tick after it lights string 1.
+    EXPECT_EQ(l[1], "   0.30s  440.0Hz   A4   green  1st_string_6plus.png       rings 1---  BEEP") << r.out;
+    EXPECT_EQ(r.out.find("BEEP"), r.out.rfind("BEEP")) << "one beep per string until the reset";
+    EXPECT_EQ(r.out.find("2nd_string"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("yellow"), std::string::npos);
+
+    const Result calibrated = analyse({path, "--tuning", "1", "--a4", "442", "--format", "json"});
+    ASSERT_EQ(calibrated.status, 0) << calibrated.err;
+    EXPECT_EQ(calibrated.out.find("\"green"), std::string::npos)
+        << "440 Hz is out of the window once A4 is 442: " << calibrated.out;
 }
 
 } // namespace
