@@ -74,6 +74,11 @@ def write(name, text):
         f.write(text)
 
 
+# Below the last fret the neck and everything on it fade out towards the canvas
+# bottom, so the picture ends softly instead of with a cut.
+FADE_TOP = NUT_Y + 4 * ROW_H + 3
+
+
 def neck(family, weight, detailed):
     spec = FAMILIES[family]
     wood_top, wood_bottom = spec["wood"]
@@ -82,57 +87,72 @@ def neck(family, weight, detailed):
     right = STRING_X[1] + 34
     bottom = H
     frets = [NUT_Y + ROW_H * r for r in range(1, 5)]
+    fades = {}
+
+    def fading(colour, opacity=1.0):
+        # Vertical only and in canvas units, so that it also paints lines of no width.
+        key = (colour, opacity)
+        if key not in fades:
+            fades[key] = f"fade{len(fades)}"
+        return f"url(#{fades[key]})"
+
+    body = []
+    # Neck with a soft drop shadow, darker towards its edges, and a coloured
+    # binding on both edges.
+    body.append(f'<rect x="{left + 3}" y="{NUT_Y + 4}" width="{right - left}" height="{bottom - NUT_Y}" '
+                f'rx="6" fill="{fading("#000", 0.35)}"/>')
+    body.append(f'<rect x="{left}" y="{NUT_Y}" width="{right - left}" height="{bottom - NUT_Y}" '
+                f'fill="{fading(wood_top)}"/>')
+    for edge, sign in ((left, 1), (right, -1)):
+        for width, opacity in ((44, 0.35), (26, 0.45), (12, 0.6)):
+            x = edge + sign * width / 2
+            body.append(f'<line x1="{x}" y1="{NUT_Y}" x2="{x}" y2="{bottom}" '
+                        f'stroke="{fading(wood_bottom, opacity)}" stroke-width="{width}"/>')
+    if detailed:
+        # Grain: faint lines that only a large screen shows.
+        for i, x in enumerate(range(left + 9, right - 4, 13)):
+            wobble = 3 if i % 2 else -3
+            body.append(f'<path d="M{x} {NUT_Y} C{x + wobble} {NUT_Y + 110} {x - wobble} {NUT_Y + 230} '
+                        f'{x + wobble / 2} {bottom}" stroke="{fading("#000", 0.12)}" stroke-width="1.2" '
+                        f'fill="none"/>')
+    for x in (left, right):
+        body.append(f'<line x1="{x}" y1="{NUT_Y}" x2="{x}" y2="{bottom}" stroke="{fading(accent, 0.85)}" '
+                    f'stroke-width="{2.6 * weight:.2f}"/>')
+    # Frets.
+    for y in frets:
+        body.append(f'<rect x="{left}" y="{y - 2.2 * weight:.2f}" width="{right - left}" '
+                    f'height="{4.4 * weight:.2f}" rx="1.5" fill="url(#fret)"/>')
+    # Nut.
+    body.append(f'<rect x="{left - 2}" y="{NUT_Y - 7}" width="{right - left + 4}" height="12" rx="3" '
+                f'fill="url(#nut)"/>')
+    body.append(f'<line x1="{left - 2}" y1="{NUT_Y + 5}" x2="{right + 2}" y2="{NUT_Y + 5}" '
+                f'stroke="#000" stroke-opacity="0.3" stroke-width="2"/>')
+    # Strings, each with a dark shadow line so they read against light wood too.
+    for s in (4, 3, 2, 1):
+        x = STRING_X[s]
+        g = GAUGE[s] * weight
+        body.append(f'<line x1="{x + 1.6}" y1="{NUT_Y - 6}" x2="{x + 1.6}" y2="{bottom}" '
+                    f'stroke="{fading("#000", 0.35)}" stroke-width="{g:.2f}"/>')
+        body.append(f'<line x1="{x}" y1="{NUT_Y - 8}" x2="{x}" y2="{bottom}" stroke="{fading("#efe3cc")}" '
+                    f'stroke-width="{g:.2f}"/>')
     parts = [
         "<defs>",
-        f'<linearGradient id="wood" x1="0" y1="0" x2="1" y2="0">'
-        f'<stop offset="0" stop-color="{wood_bottom}"/><stop offset="0.5" stop-color="{wood_top}"/>'
-        f'<stop offset="1" stop-color="{wood_bottom}"/></linearGradient>',
-        '<linearGradient id="fade" x1="0" y1="0" x2="0" y2="1">'
-        '<stop offset="0.82" stop-color="#000" stop-opacity="0"/>'
-        '<stop offset="1" stop-color="#000" stop-opacity="0.45"/></linearGradient>',
         '<linearGradient id="fret" x1="0" y1="0" x2="0" y2="1">'
         '<stop offset="0" stop-color="#f4efe6"/><stop offset="0.5" stop-color="#bdb6ab"/>'
         '<stop offset="1" stop-color="#7c766e"/></linearGradient>',
         '<linearGradient id="nut" x1="0" y1="0" x2="0" y2="1">'
         '<stop offset="0" stop-color="#fbf6ea"/><stop offset="1" stop-color="#d8ccb4"/></linearGradient>',
-        "</defs>",
     ]
-    # Neck with a soft drop shadow and a coloured binding on both edges.
-    parts.append(f'<rect x="{left + 3}" y="{NUT_Y + 4}" width="{right - left}" height="{bottom - NUT_Y}" '
-                 f'rx="6" fill="#000" opacity="0.35"/>')
-    parts.append(f'<rect x="{left}" y="{NUT_Y}" width="{right - left}" height="{bottom - NUT_Y}" fill="url(#wood)"/>')
-    if detailed:
-        # Grain: faint lines that only a large screen shows.
-        for i, x in enumerate(range(left + 9, right - 4, 13)):
-            wobble = 3 if i % 2 else -3
-            parts.append(f'<path d="M{x} {NUT_Y} C{x + wobble} {NUT_Y + 110} {x - wobble} {NUT_Y + 230} '
-                         f'{x + wobble / 2} {bottom}" stroke="#000" stroke-opacity="0.12" stroke-width="1.2" '
-                         f'fill="none"/>')
-    parts.append(f'<rect x="{left}" y="{NUT_Y}" width="{right - left}" height="{bottom - NUT_Y}" fill="url(#fade)"/>')
-    for x in (left, right):
-        parts.append(f'<line x1="{x}" y1="{NUT_Y}" x2="{x}" y2="{bottom}" stroke="{accent}" '
-                     f'stroke-width="{2.6 * weight:.2f}" stroke-opacity="0.85"/>')
-    # Frets.
-    for y in frets:
-        parts.append(f'<rect x="{left}" y="{y - 2.2 * weight:.2f}" width="{right - left}" '
-                     f'height="{4.4 * weight:.2f}" rx="1.5" fill="url(#fret)"/>')
-    # Nut.
-    parts.append(f'<rect x="{left - 2}" y="{NUT_Y - 7}" width="{right - left + 4}" height="12" rx="3" '
-                 f'fill="url(#nut)"/>')
-    parts.append(f'<line x1="{left - 2}" y1="{NUT_Y + 5}" x2="{right + 2}" y2="{NUT_Y + 5}" '
-                 f'stroke="#000" stroke-opacity="0.3" stroke-width="2"/>')
-    # Strings, each with a dark shadow line so they read against light wood too.
-    for s in (4, 3, 2, 1):
-        x = STRING_X[s]
-        g = GAUGE[s] * weight
-        parts.append(f'<line x1="{x + 1.6}" y1="{NUT_Y - 6}" x2="{x + 1.6}" y2="{bottom}" stroke="#000" '
-                     f'stroke-opacity="0.35" stroke-width="{g:.2f}"/>')
-        parts.append(f'<line x1="{x}" y1="{NUT_Y - 8}" x2="{x}" y2="{bottom}" stroke="#efe3cc" '
-                     f'stroke-width="{g:.2f}"/>')
+    for (colour, opacity), gid in fades.items():
+        parts.append(f'<linearGradient id="{gid}" gradientUnits="userSpaceOnUse" x1="0" y1="{FADE_TOP}" x2="0" '
+                     f'y2="{bottom}"><stop offset="0" stop-color="{colour}" stop-opacity="{opacity}"/>'
+                     f'<stop offset="1" stop-color="{colour}" stop-opacity="0"/></linearGradient>')
+    parts.append("</defs>")
+    parts.extend(body)
     # Family marking: the open strings named above their status marks, as large as
-    # the strip above the marks allows on the smaller screens.
+    # the strip above the marks allows.
     if spec["strings"]:
-        size = min(18.0, 13 * weight)
+        size = 16.0 if weight < 1.0 else 18.0
         for s, name in zip((4, 3, 2, 1), spec["strings"].split()):
             parts.append(f'<text x="{STRING_X[s]}" y="{size * 0.86:.1f}" text-anchor="middle" font-family="{FONT}" '
                          f'font-size="{size:.1f}" font-weight="bold" fill="{accent}">{name}</text>')
