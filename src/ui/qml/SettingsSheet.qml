@@ -1,5 +1,397 @@
 import QtQuick
+import QtQuick.Controls.Basic
+import "Theme.js" as Theme
 
+// The settings panel: sensitivity, calibration, the three switches and the
+// note-naming picker. Every control shows the tuner's outlet and sends its
+// action; the controller decides what the value becomes.
 Sheet {
-    title: ""
+    id: sheet
+    title: qsTr("Settings")
+
+    property var o: app.tuner
+    property var lay: app.layout
+    property real u: lay.unit || 1
+    property real fontSize: lay.labelFont || 16
+    property real smallSize: lay.smallFont || 12
+    property real rowHeight: Math.max(44 * u, fontSize * 2.75)
+
+    // A rounded group of rows, as settings lists are drawn on a phone.
+    component Group: Rectangle {
+        default property alias rows: column.data
+        width: parent ? parent.width : 0
+        height: column.height
+        radius: 12 * sheet.u
+        color: Theme.backgroundTop
+        border.color: Theme.panelBorder
+        Column { id: column; width: parent.width }
+    }
+
+    component Separator: Rectangle {
+        x: 14 * sheet.u
+        width: parent ? parent.width - x : 0
+        height: 1
+        color: Theme.panelBorder
+    }
+
+    // A caption with an on/off switch at the right end of the row.
+    component SwitchRow: Item {
+        id: row
+        property var caption
+        property string captionName
+        property var outlet
+        property string action
+        property alias control: toggle
+        width: parent ? parent.width : 0
+        height: sheet.rowHeight
+        visible: !outlet.hidden
+        Text {
+            objectName: row.captionName
+            anchors.left: parent.left; anchors.leftMargin: 14 * sheet.u
+            anchors.right: toggle.left; anchors.rightMargin: 8 * sheet.u
+            anchors.verticalCenter: parent.verticalCenter
+            text: row.caption.text
+            visible: !row.caption.hidden
+            color: Theme.text
+            font.pixelSize: sheet.fontSize
+            elide: Text.ElideRight
+        }
+        Switch {
+            id: toggle
+            objectName: row.objectName + "Control"
+            anchors.right: parent.right; anchors.rightMargin: 10 * sheet.u
+            anchors.verticalCenter: parent.verticalCenter
+            checked: row.outlet.on
+            padding: 0
+            onToggled: app.tunerAction(row.action, checked)
+            indicator: Rectangle {
+                implicitWidth: 51 * sheet.u
+                implicitHeight: 31 * sheet.u
+                radius: height / 2
+                color: toggle.checked ? Theme.good : Theme.panelBorder
+                Behavior on color { ColorAnimation { duration: 120 } }
+                Rectangle {
+                    width: parent.height - 4 * sheet.u; height: width; radius: width / 2
+                    y: 2 * sheet.u
+                    x: toggle.checked ? parent.width - width - 2 * sheet.u : 2 * sheet.u
+                    Behavior on x { NumberAnimation { duration: 120 } }
+                    color: toggle.down ? "#e8e2da" : "#ffffff"
+                }
+            }
+            background: null
+        }
+    }
+
+    Column {
+        width: parent.width
+        spacing: 16 * sheet.u
+
+        // Microphone sensitivity: the slider's raw position goes to the controller
+        // on release; the controller snaps it to a whole step.
+        Group {
+            Item {
+                width: parent.width
+                height: sheet.rowHeight * 0.8
+                Text {
+                    objectName: "micSensitivityLabel"
+                    anchors.left: parent.left; anchors.leftMargin: 14 * sheet.u
+                    anchors.right: step.left; anchors.rightMargin: 8 * sheet.u
+                    anchors.bottom: parent.bottom
+                    text: o.micSensitivityLabel.text
+                    visible: !o.micSensitivityLabel.hidden
+                    color: Theme.text
+                    font.pixelSize: sheet.fontSize
+                    elide: Text.ElideRight
+                }
+                Text {
+                    id: step
+                    anchors.right: parent.right; anchors.rightMargin: 14 * sheet.u
+                    anchors.bottom: parent.bottom
+                    text: Math.round(slider.value)
+                    color: Theme.accent
+                    font.pixelSize: sheet.fontSize
+                    font.bold: true
+                }
+            }
+            Item {
+                width: parent.width
+                height: sheet.rowHeight
+                visible: !o.micSensitivitySlider.hidden
+                Text {
+                    id: quiet
+                    anchors.left: parent.left; anchors.leftMargin: 14 * sheet.u
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: slider.from
+                    color: Theme.muted
+                    font.pixelSize: sheet.smallSize
+                }
+                Slider {
+                    id: slider
+                    objectName: "micSensitivitySlider"
+                    anchors.left: quiet.right; anchors.leftMargin: 8 * sheet.u
+                    anchors.right: loud.left; anchors.rightMargin: 8 * sheet.u
+                    anchors.verticalCenter: parent.verticalCenter
+                    from: o.micSensitivitySlider.minimum
+                    to: o.micSensitivitySlider.maximum
+                    value: o.micSensitivitySlider.value
+                    onPressedChanged: {
+                        if (pressed)
+                            return
+                        app.tunerAction("micSensitivity", value)
+                        // Show what the controller made of it, even when that equals the old value.
+                        value = Qt.binding(function() { return o.micSensitivitySlider.value })
+                    }
+                    background: Item {
+                        x: slider.leftPadding
+                        y: slider.topPadding + slider.availableHeight / 2 - height / 2
+                        width: slider.availableWidth
+                        height: 4 * sheet.u
+                        Rectangle {
+                            anchors.fill: parent
+                            radius: height / 2
+                            color: Theme.panelBorder
+                        }
+                        Rectangle {
+                            width: slider.visualPosition * parent.width
+                            height: parent.height
+                            radius: height / 2
+                            color: Theme.accent
+                        }
+                        // One tick per whole step: where the handle will settle.
+                        Repeater {
+                            model: Math.max(0, Math.round(slider.to - slider.from) + 1)
+                            Rectangle {
+                                width: 2 * sheet.u; height: 8 * sheet.u
+                                x: index / Math.max(1, slider.to - slider.from) * (parent.width - width)
+                                anchors.verticalCenter: parent.verticalCenter
+                                color: Theme.muted
+                                opacity: 0.6
+                            }
+                        }
+                    }
+                    handle: Rectangle {
+                        x: slider.leftPadding + slider.visualPosition * (slider.availableWidth - width)
+                        y: slider.topPadding + slider.availableHeight / 2 - height / 2
+                        implicitWidth: 28 * sheet.u
+                        implicitHeight: 28 * sheet.u
+                        radius: width / 2
+                        color: slider.pressed ? "#e8e2da" : "#ffffff"
+                        border.color: Theme.panelBorder
+                    }
+                }
+                Text {
+                    id: loud
+                    anchors.right: parent.right; anchors.rightMargin: 14 * sheet.u
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: slider.to
+                    color: Theme.muted
+                    font.pixelSize: sheet.smallSize
+                }
+            }
+        }
+
+        // Calibration: the read-out and a stepper of whole hertz.
+        Group {
+            Item {
+                width: parent.width
+                height: sheet.rowHeight * 1.1
+                // The caption gives way to the read-out and the stepper: a long
+                // translation shrinks before it can run under the buttons.
+                Text {
+                    id: calibrationCaption
+                    objectName: "calibrationLabel"
+                    anchors.left: parent.left; anchors.leftMargin: 14 * sheet.u
+                    anchors.baseline: readout.baseline
+                    width: Math.min(implicitWidth, stepper.x - 8 * sheet.u - x - readout.width - hz.width - 12 * sheet.u)
+                    text: o.calibrationLabel.text
+                    visible: !o.calibrationLabel.hidden
+                    color: Theme.text
+                    font.pixelSize: sheet.fontSize
+                    fontSizeMode: Text.HorizontalFit
+                    minimumPixelSize: Math.round(sheet.fontSize * 0.7)
+                    elide: Text.ElideRight
+                }
+                Text {
+                    id: readout
+                    objectName: "calibrationFrequencyValue"
+                    anchors.left: calibrationCaption.right; anchors.leftMargin: 6 * sheet.u
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: o.calibrationFrequencyValue.text
+                    visible: !o.calibrationFrequencyValue.hidden
+                    color: Theme.accent
+                    font.pixelSize: sheet.fontSize * 1.35
+                    font.bold: true
+                }
+                Text {
+                    id: hz
+                    objectName: "hZLabel"
+                    anchors.left: readout.right; anchors.leftMargin: 6 * sheet.u
+                    anchors.baseline: readout.baseline
+                    text: o.hZLabel.text
+                    visible: !o.hZLabel.hidden
+                    color: Theme.text
+                    font.pixelSize: sheet.fontSize
+                }
+                Rectangle {
+                    id: stepper
+                    objectName: "setFrequencyValueStepper"
+                    property var outlet: o.setFrequencyValueStepper
+                    visible: !outlet.hidden
+                    anchors.right: parent.right; anchors.rightMargin: 10 * sheet.u
+                    anchors.verticalCenter: parent.verticalCenter
+                    width: 96 * sheet.u; height: 32 * sheet.u
+                    radius: 8 * sheet.u
+                    color: Theme.panel
+                    border.color: Theme.panelBorder
+
+                    function step(direction) {
+                        const next = outlet.value + direction * outlet.stepValue
+                        if (next < outlet.minimum || next > outlet.maximum)
+                            return
+                        app.tunerAction("setFrequencyValue", next)
+                    }
+
+                    Repeater {
+                        model: [{ sign: "−", direction: -1, name: "stepperMinus" },
+                                { sign: "+", direction: 1, name: "stepperPlus" }]
+                        Item {
+                            objectName: modelData.name
+                            property bool atEnd: modelData.direction < 0
+                                ? stepper.outlet.value - stepper.outlet.stepValue < stepper.outlet.minimum
+                                : stepper.outlet.value + stepper.outlet.stepValue > stepper.outlet.maximum
+                            x: index * stepper.width / 2
+                            width: stepper.width / 2; height: stepper.height
+                            Rectangle {
+                                anchors.fill: parent
+                                anchors.margins: 1
+                                radius: stepper.radius
+                                color: Theme.panelBorder
+                                visible: press.pressed && !parent.atEnd
+                            }
+                            Text {
+                                anchors.centerIn: parent
+                                text: modelData.sign
+                                color: parent.atEnd ? Theme.muted : Theme.accent
+                                opacity: parent.atEnd ? 0.5 : 1
+                                font.pixelSize: sheet.fontSize * 1.3
+                                font.bold: true
+                            }
+                            MouseArea {
+                                id: press
+                                anchors.fill: parent
+                                onPressed: stepper.step(modelData.direction)
+                            }
+                            // Holding a button keeps stepping, as a phone's stepper does.
+                            Timer {
+                                running: press.pressed
+                                interval: 110; repeat: true
+                                triggeredOnStart: false
+                                property int ticks: 0
+                                onRunningChanged: ticks = 0
+                                onTriggered: if (++ticks > 3) stepper.step(modelData.direction)
+                            }
+                        }
+                    }
+                    Rectangle {
+                        anchors.centerIn: parent
+                        width: 1; height: parent.height * 0.6
+                        color: Theme.panelBorder
+                    }
+                }
+            }
+        }
+
+        Group {
+            SwitchRow {
+                objectName: "soundNotificationSwitch"
+                captionName: "soundNotificationLabel"
+                caption: o.soundNotificationLabel
+                outlet: o.soundNotificationSwitch
+                action: "soundNotificationAction"
+            }
+            Separator {}
+            SwitchRow {
+                objectName: "stringSoundsSwitch"
+                captionName: "stringSoundsLabel"
+                caption: o.stringSoundsLabel
+                outlet: o.stringSoundsSwitch
+                action: "toggleStringSounds"
+            }
+            Separator {}
+            SwitchRow {
+                objectName: "freqChartSwitch"
+                captionName: "frequencyChartLabel"
+                caption: o.frequencyChartLabel
+                outlet: o.freqChartSwitch
+                action: "toggleFreqChart"
+            }
+        }
+
+        // The note-naming picker: a wheel, as on a phone. A row counts as chosen
+        // when the wheel comes to rest on it or when it is tapped.
+        Group {
+            visible: !o.establecerIdioma.hidden
+            Text {
+                objectName: "noteNamesCaption"
+                x: 14 * sheet.u
+                width: parent.width - 28 * sheet.u
+                height: sheet.rowHeight * 0.8
+                verticalAlignment: Text.AlignBottom
+                elide: Text.ElideRight
+                text: qsTr("Note names")
+                color: Theme.text
+                font.pixelSize: sheet.fontSize
+            }
+            Item {
+                width: parent.width
+                height: (lay.pickerHeight || 180) * wheel.scale
+                Rectangle {
+                    anchors.centerIn: parent
+                    width: parent.width - 16 * sheet.u
+                    height: wheel.height / wheel.visibleItemCount * wheel.scale
+                    radius: 8 * sheet.u
+                    color: Theme.panel
+                    border.color: Theme.panelBorder
+                }
+                Tumbler {
+                    id: wheel
+                    objectName: "establecerIdioma"
+                    anchors.centerIn: parent
+                    width: parent.width / scale
+                    height: lay.pickerHeight || 180
+                    scale: o.establecerIdioma.scale || 1
+                    model: o.establecerIdioma.rows
+                    currentIndex: o.establecerIdioma.selectedRow
+                    visibleItemCount: 5
+                    wrap: false
+
+                    // The wheel follows the outlet's selected row; assigning currentIndex
+                    // here would cut that binding for good.
+                    function choose(row) {
+                        if (row < 0 || row >= count)
+                            return
+                        app.tunerAction("didSelectRow", row)
+                        if (currentIndex !== row)
+                            positionViewAtIndex(row, Tumbler.Center)
+                    }
+                    onMovingChanged: if (!moving && currentIndex !== o.establecerIdioma.selectedRow) choose(currentIndex)
+
+                    delegate: Text {
+                        objectName: "languageRow" + index
+                        text: modelData
+                        width: wheel.width - 24 * sheet.u
+                        elide: Text.ElideRight
+                        horizontalAlignment: Text.AlignHCenter
+                        verticalAlignment: Text.AlignVCenter
+                        color: Math.abs(Tumbler.displacement) < 0.5 ? Theme.text : Theme.muted
+                        opacity: 1.0 - Math.min(0.8, Math.abs(Tumbler.displacement) / (wheel.visibleItemCount / 2))
+                        // The layout shrinks the whole wheel on some phones; the rows keep
+                        // the panel's type size so that they stay readable.
+                        font.pixelSize: sheet.fontSize * (Math.abs(Tumbler.displacement) < 0.5 ? 1.05 : 0.95) / wheel.scale
+                        TapHandler { onTapped: wheel.choose(index) }
+                    }
+                }
+            }
+        }
+    }
 }

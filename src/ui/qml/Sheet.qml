@@ -1,41 +1,66 @@
 import QtQuick
 import "Theme.js" as Theme
 
-// A panel that slides up over the tuner screen; closing it leaves the tuner as it was.
+// A panel over the tuner screen: it slides up from the bottom on a phone and sits
+// centred on a pad. Closing it leaves the tuner as it was. Content taller than
+// the screen scrolls inside the card.
 Item {
     id: sheet
     property string title: ""
     property bool open: false
     property real unit: app.layout.unit || 1
     default property alias content: body.data
+    // 0 closed, 1 open. Only opening and closing animate it, so the sheet stays out
+    // of sight while the window takes its size.
+    property real progress: open ? 1 : 0
+    Behavior on progress { NumberAnimation { duration: 220; easing.type: Easing.OutCubic } }
     signal closed()
     anchors.fill: parent
-    visible: open || slide.running
+    visible: progress > 0
 
     function close() { open = false; closed() }
 
     Rectangle {
         anchors.fill: parent
         color: "#000000"
-        opacity: sheet.open ? 0.55 : 0
-        Behavior on opacity { NumberAnimation { duration: 180 } }
+        opacity: 0.55 * sheet.progress
         MouseArea { anchors.fill: parent; onClicked: sheet.close() }
     }
     Rectangle {
         id: card
+        objectName: "sheetCard"
+        readonly property real topRoom: app.layout.topInset || 20
+        readonly property real bottomRoom: app.isPad ? topRoom : 0
+        readonly property real wanted: header.height + body.y + body.height + 16 * sheet.unit + (app.layout.bottomInset || 0)
         width: Math.min(parent.width, app.layout.sheetWidth || parent.width)
-        height: Math.min(parent.height - (app.layout.topInset || 20), body.childrenRect.height + header.height + 40 * sheet.unit)
+        height: Math.min(parent.height - topRoom - bottomRoom, wanted)
         anchors.horizontalCenter: parent.horizontalCenter
-        y: sheet.open ? parent.height - height : parent.height
-        Behavior on y { NumberAnimation { id: slide; duration: 220; easing.type: Easing.OutCubic } }
+        readonly property real restY: app.isPad ? (parent.height - height) / 2 : parent.height - height
+        y: parent.height + (restY - parent.height) * sheet.progress
         radius: 18 * sheet.unit
         color: Theme.panel
         border.color: Theme.panelBorder
+        clip: true
         MouseArea { anchors.fill: parent }  // keeps taps on the card from closing it
+
+        // On a phone the card runs off the bottom edge: square off its lower corners.
+        Rectangle {
+            visible: !app.isPad
+            anchors.bottom: parent.bottom
+            width: parent.width; height: parent.radius
+            color: parent.color
+        }
 
         Item {
             id: header
             width: parent.width; height: 52 * sheet.unit
+            Rectangle {
+                anchors.horizontalCenter: parent.horizontalCenter
+                y: 6 * sheet.unit
+                width: 36 * sheet.unit; height: 5 * sheet.unit; radius: height / 2
+                color: Theme.panelBorder
+                visible: !app.isPad
+            }
             Text {
                 anchors.centerIn: parent
                 text: sheet.title
@@ -50,15 +75,32 @@ Item {
                 text: qsTr("Done")
                 color: Theme.accent
                 font.pixelSize: 16 * sheet.unit
+                font.bold: true
                 MouseArea { anchors.fill: parent; anchors.margins: -10; onClicked: sheet.close() }
             }
+            Rectangle {
+                anchors.bottom: parent.bottom
+                width: parent.width; height: 1
+                color: Theme.panelBorder
+            }
         }
-        Item {
-            id: body
+        Flickable {
+            id: scroller
+            objectName: "sheetScroller"
             anchors.top: header.bottom
-            anchors.left: parent.left; anchors.right: parent.right
-            anchors.margins: 16 * sheet.unit
-            height: childrenRect.height
+            anchors.bottom: parent.bottom
+            width: parent.width
+            contentHeight: body.y + body.height + 16 * sheet.unit + (app.layout.bottomInset || 0)
+            interactive: contentHeight > height
+            boundsBehavior: Flickable.StopAtBounds
+            clip: true
+            Item {
+                id: body
+                x: 16 * sheet.unit
+                y: 16 * sheet.unit
+                width: scroller.width - 32 * sheet.unit
+                height: childrenRect.height
+            }
         }
     }
 }
