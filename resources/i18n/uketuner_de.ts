@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>TuningFreeTitle3</source>
-        <translation>D-Stimmung  A D Fis H</translation>
+        <translation>D-Stimmung  A D F# H</translation>
     </message>
     <message>
         <source>TuningFreeTitle4</source>
@@ -25,19 +25,19 @@
     </message>
     <message>
         <source>TuningFreeTitle6</source>
-        <translation>Slack As  Fis H Dis Gis</translation>
+        <translation>Slack As  F# H D# G#</translation>
     </message>
     <message>
         <source>TuningFreeTitle7</source>
-        <translation>B-Stimmung  F B D G</translation>
+        <translation>B-Stimmung  F A# D G</translation>
     </message>
     <message>
         <source>TuningFreeTitle8</source>
-        <translation>H-Stimmung  Gis Cis F Ais</translation>
+        <translation>In H  G# C# F A#</translation>
     </message>
     <message>
         <source>TuningFreeTitle9</source>
-        <translation>Kanadisches D  A D Fis H</translation>
+        <translation>Kanadisch  A D F# H</translation>
     </message>
     <message>
         <source>TuningFreeTitle10</source>
@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>SoundNotificationTitle</source>
-        <translation>Piepton bei richtiger Stimmung</translation>
+        <translation>Piepton, wenn gestimmt</translation>
     </message>
     <message>
         <source>StringSoundsTitle</source>
@@ -258,12 +258,31 @@
         <translation>Info</translation>
     </message>
     <message>
+        <source>Ukulele Tuner</source>
+        <translation>Ukulele-Stimmgerät</translation>
+    </message>
+    <message>
         <source>Rate the app</source>
         <translation>App bewerten</translation>
     </message>
     <message>
         <source>Visit the maker</source>
         <translation>Zum Hersteller</translation>
+    </message>
+</context>
+<context>
+    <name>TuningForkSheet</name>
+    <message>
+        <source>Tuning Fork</source>
+        <translation>Stimmgabel</translation>
+    </message>
+    <message>
+        <source>Tap a string</source>
+        <translation>Tippe auf eine Saite</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
     </message>
 </context>
 </TS>

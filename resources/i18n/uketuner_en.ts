@@ -258,12 +258,31 @@
         <translation>About</translation>
     </message>
     <message>
+        <source>Ukulele Tuner</source>
+        <translation>Ukulele Tuner</translation>
+    </message>
+    <message>
         <source>Rate the app</source>
         <translation>Rate the app</translation>
     </message>
     <message>
         <source>Visit the maker</source>
         <translation>Visit the maker</translation>
+    </message>
+</context>
+<context>
+    <name>TuningForkSheet</name>
+    <message>
+        <source>Tuning Fork</source>
+        <translation>Tuning Fork</translation>
+    </message>
+    <message>
+        <source>Tap a string</source>
+        <translation>Tap a string</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stop</translation>
     </message>
 </context>
 </TS>

@@ -5,47 +5,47 @@
     <name>Localizable</name>
     <message>
         <source>TuningFreeTitle1</source>
-        <translation>Estándar  Sol Do Mi La</translation>
+        <translation>Estándar  G C E A</translation>
     </message>
     <message>
         <source>TuningFreeTitle2</source>
-        <translation>Sol grave  Sol Do Mi La</translation>
+        <translation>G grave  G C E A</translation>
     </message>
     <message>
         <source>TuningFreeTitle3</source>
-        <translation>Afinación en Re  La Re Fa# Si</translation>
+        <translation>Afin. D  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle4</source>
-        <translation>La grave  La Re Fa# Si</translation>
+        <translation>A grave  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle5</source>
-        <translation>Barítono  Re Sol Si Mi</translation>
+        <translation>Barítono  D G B E</translation>
     </message>
     <message>
         <source>TuningFreeTitle6</source>
-        <translation>Slack La♭  Fa# Si Re# Sol#</translation>
+        <translation>Slack A♭  F# B D# G#</translation>
     </message>
     <message>
         <source>TuningFreeTitle7</source>
-        <translation>Afinación en Si♭  Fa La# Re Sol</translation>
+        <translation>Afin. B♭  F A# D G</translation>
     </message>
     <message>
         <source>TuningFreeTitle8</source>
-        <translation>Afinación en Si  Sol# Do# Fa La#</translation>
+        <translation>Afin. B  G# C# F A#</translation>
     </message>
     <message>
         <source>TuningFreeTitle9</source>
-        <translation>Re canadiense  La Re Fa# Si</translation>
+        <translation>Canadiense  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle10</source>
-        <translation>Do abierto  Sol Do Mi Sol</translation>
+        <translation>C abierto  G C E G</translation>
     </message>
     <message>
         <source>TuningFreeTitle11</source>
-        <translation>Sol abierto  Re Sol Si Re</translation>
+        <translation>G abierto  D G B D</translation>
     </message>
     <message>
         <source>TunerAboutCongratsMessage</source>
@@ -133,19 +133,19 @@
     </message>
     <message>
         <source>ChordsTitleSCT</source>
-        <translation>Afinación estándar  Sol Do Mi La</translation>
+        <translation>Afinación estándar  G C E A</translation>
     </message>
     <message>
         <source>ChordsTitleB</source>
-        <translation>Barítono  Re Sol Si Mi</translation>
+        <translation>Barítono  D G B E</translation>
     </message>
     <message>
         <source>ChordsTitleSl</source>
-        <translation>Do abierto  Sol Do Mi Sol</translation>
+        <translation>C abierto  G C E G</translation>
     </message>
     <message>
         <source>ChordsTitleSlB</source>
-        <translation>Sol abierto  Re Sol Si Re</translation>
+        <translation>G abierto  D G B D</translation>
     </message>
     <message>
         <source>A</source>
@@ -258,12 +258,31 @@
         <translation>Acerca de</translation>
     </message>
     <message>
+        <source>Ukulele Tuner</source>
+        <translation>Afinador de ukelele</translation>
+    </message>
+    <message>
         <source>Rate the app</source>
         <translation>Valorar la app</translation>
     </message>
     <message>
         <source>Visit the maker</source>
         <translation>Visitar al creador</translation>
+    </message>
+</context>
+<context>
+    <name>TuningForkSheet</name>
+    <message>
+        <source>Tuning Fork</source>
+        <translation>Diapasón</translation>
+    </message>
+    <message>
+        <source>Tap a string</source>
+        <translation>Toca una cuerda</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Detener</translation>
     </message>
 </context>
 </TS>

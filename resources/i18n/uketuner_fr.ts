@@ -5,47 +5,47 @@
     <name>Localizable</name>
     <message>
         <source>TuningFreeTitle1</source>
-        <translation>Standard  Sol Do Mi La</translation>
+        <translation>Standard  G C E A</translation>
     </message>
     <message>
         <source>TuningFreeTitle2</source>
-        <translation>Sol grave  Sol Do Mi La</translation>
+        <translation>G grave  G C E A</translation>
     </message>
     <message>
         <source>TuningFreeTitle3</source>
-        <translation>Accord en Ré  La Ré Fa# Si</translation>
+        <translation>Accord D  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle4</source>
-        <translation>La grave  La Ré Fa# Si</translation>
+        <translation>A grave  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle5</source>
-        <translation>Baryton  Ré Sol Si Mi</translation>
+        <translation>Baryton  D G B E</translation>
     </message>
     <message>
         <source>TuningFreeTitle6</source>
-        <translation>Slack La♭  Fa# Si Ré# Sol#</translation>
+        <translation>Slack A♭  F# B D# G#</translation>
     </message>
     <message>
         <source>TuningFreeTitle7</source>
-        <translation>Accord en Si♭  Fa La# Ré Sol</translation>
+        <translation>Accord B♭  F A# D G</translation>
     </message>
     <message>
         <source>TuningFreeTitle8</source>
-        <translation>Accord en Si  Sol# Do# Fa La#</translation>
+        <translation>Accord B  G# C# F A#</translation>
     </message>
     <message>
         <source>TuningFreeTitle9</source>
-        <translation>Ré canadien  La Ré Fa# Si</translation>
+        <translation>D canadien  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle10</source>
-        <translation>Do ouvert  Sol Do Mi Sol</translation>
+        <translation>C ouvert  G C E G</translation>
     </message>
     <message>
         <source>TuningFreeTitle11</source>
-        <translation>Sol ouvert  Ré Sol Si Ré</translation>
+        <translation>G ouvert  D G B D</translation>
     </message>
     <message>
         <source>TunerAboutCongratsMessage</source>
@@ -133,19 +133,19 @@
     </message>
     <message>
         <source>ChordsTitleSCT</source>
-        <translation>Accord standard  Sol Do Mi La</translation>
+        <translation>Accord standard  G C E A</translation>
     </message>
     <message>
         <source>ChordsTitleB</source>
-        <translation>Baryton  Ré Sol Si Mi</translation>
+        <translation>Baryton  D G B E</translation>
     </message>
     <message>
         <source>ChordsTitleSl</source>
-        <translation>Do ouvert  Sol Do Mi Sol</translation>
+        <translation>C ouvert  G C E G</translation>
     </message>
     <message>
         <source>ChordsTitleSlB</source>
-        <translation>Sol ouvert  Ré Sol Si Ré</translation>
+        <translation>G ouvert  D G B D</translation>
     </message>
     <message>
         <source>A</source>
@@ -258,12 +258,31 @@
         <translation>À propos</translation>
     </message>
     <message>
+        <source>Ukulele Tuner</source>
+        <translation>Accordeur de ukulélé</translation>
+    </message>
+    <message>
         <source>Rate the app</source>
         <translation>Noter l'app</translation>
     </message>
     <message>
         <source>Visit the maker</source>
         <translation>Visiter le créateur</translation>
+    </message>
+</context>
+<context>
+    <name>TuningForkSheet</name>
+    <message>
+        <source>Tuning Fork</source>
+        <translation>Diapason</translation>
+    </message>
+    <message>
+        <source>Tap a string</source>
+        <translation>Touchez une corde</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
     </message>
 </context>
 </TS>

@@ -5,47 +5,47 @@
     <name>Localizable</name>
     <message>
         <source>TuningFreeTitle1</source>
-        <translation>Standard  Sol Do Mi La</translation>
+        <translation>Standard  G C E A</translation>
     </message>
     <message>
         <source>TuningFreeTitle2</source>
-        <translation>Sol basso  Sol Do Mi La</translation>
+        <translation>G basso  G C E A</translation>
     </message>
     <message>
         <source>TuningFreeTitle3</source>
-        <translation>Accordatura in Re  La Re Fa# Si</translation>
+        <translation>Accord. D  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle4</source>
-        <translation>La basso  La Re Fa# Si</translation>
+        <translation>A basso  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle5</source>
-        <translation>Baritono  Re Sol Si Mi</translation>
+        <translation>Baritono  D G B E</translation>
     </message>
     <message>
         <source>TuningFreeTitle6</source>
-        <translation>Slack La♭  Fa# Si Re# Sol#</translation>
+        <translation>Slack A♭  F# B D# G#</translation>
     </message>
     <message>
         <source>TuningFreeTitle7</source>
-        <translation>Accordatura in Si♭  Fa La# Re Sol</translation>
+        <translation>Accord. B♭  F A# D G</translation>
     </message>
     <message>
         <source>TuningFreeTitle8</source>
-        <translation>Accordatura in Si  Sol# Do# Fa La#</translation>
+        <translation>Accord. B  G# C# F A#</translation>
     </message>
     <message>
         <source>TuningFreeTitle9</source>
-        <translation>Re canadese  La Re Fa# Si</translation>
+        <translation>Canadese  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle10</source>
-        <translation>Do aperto  Sol Do Mi Sol</translation>
+        <translation>C aperto  G C E G</translation>
     </message>
     <message>
         <source>TuningFreeTitle11</source>
-        <translation>Sol aperto  Re Sol Si Re</translation>
+        <translation>G aperto  D G B D</translation>
     </message>
     <message>
         <source>TunerAboutCongratsMessage</source>
@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>SoundNotificationTitle</source>
-        <translation>Segnale acustico a corda intonata</translation>
+        <translation>Bip a corda intonata</translation>
     </message>
     <message>
         <source>StringSoundsTitle</source>
@@ -133,19 +133,19 @@
     </message>
     <message>
         <source>ChordsTitleSCT</source>
-        <translation>Accordatura standard  Sol Do Mi La</translation>
+        <translation>Accordatura standard  G C E A</translation>
     </message>
     <message>
         <source>ChordsTitleB</source>
-        <translation>Baritono  Re Sol Si Mi</translation>
+        <translation>Baritono  D G B E</translation>
     </message>
     <message>
         <source>ChordsTitleSl</source>
-        <translation>Do aperto  Sol Do Mi Sol</translation>
+        <translation>C aperto  G C E G</translation>
     </message>
     <message>
         <source>ChordsTitleSlB</source>
-        <translation>Sol aperto  Re Sol Si Re</translation>
+        <translation>G aperto  D G B D</translation>
     </message>
     <message>
         <source>A</source>
@@ -258,12 +258,31 @@
         <translation>Informazioni</translation>
     </message>
     <message>
+        <source>Ukulele Tuner</source>
+        <translation>Accordatore per ukulele</translation>
+    </message>
+    <message>
         <source>Rate the app</source>
         <translation>Valuta l'app</translation>
     </message>
     <message>
         <source>Visit the maker</source>
         <translation>Visita il creatore</translation>
+    </message>
+</context>
+<context>
+    <name>TuningForkSheet</name>
+    <message>
+        <source>Tuning Fork</source>
+        <translation>Diapason</translation>
+    </message>
+    <message>
+        <source>Tap a string</source>
+        <translation>Tocca una corda</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Ferma</translation>
     </message>
 </context>
 </TS>

@@ -5,47 +5,47 @@
     <name>Localizable</name>
     <message>
         <source>TuningFreeTitle1</source>
-        <translation>Стандартный  Соль До Ми Ля</translation>
+        <translation>Стандарт  G C E A</translation>
     </message>
     <message>
         <source>TuningFreeTitle2</source>
-        <translation>Низкий Соль  Соль До Ми Ля</translation>
+        <translation>Низкий G  G C E A</translation>
     </message>
     <message>
         <source>TuningFreeTitle3</source>
-        <translation>Строй Ре  Ля Ре Фа# Си</translation>
+        <translation>Строй D  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle4</source>
-        <translation>Низкий Ля  Ля Ре Фа# Си</translation>
+        <translation>Низкий A  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle5</source>
-        <translation>Баритон  Ре Соль Си Ми</translation>
+        <translation>Баритон  D G B E</translation>
     </message>
     <message>
         <source>TuningFreeTitle6</source>
-        <translation>Слэк Ля♭  Фа# Си Ре# Соль#</translation>
+        <translation>Слэк A♭  F# B D# G#</translation>
     </message>
     <message>
         <source>TuningFreeTitle7</source>
-        <translation>Строй Си♭  Фа Ля# Ре Соль</translation>
+        <translation>Строй B♭  F A# D G</translation>
     </message>
     <message>
         <source>TuningFreeTitle8</source>
-        <translation>Строй Си  Соль# До# Фа Ля#</translation>
+        <translation>Строй B  G# C# F A#</translation>
     </message>
     <message>
         <source>TuningFreeTitle9</source>
-        <translation>Канадский Ре  Ля Ре Фа# Си</translation>
+        <translation>Канадский  A D F# B</translation>
     </message>
     <message>
         <source>TuningFreeTitle10</source>
-        <translation>Открытый До  Соль До Ми Соль</translation>
+        <translation>Открытый C  G C E G</translation>
     </message>
     <message>
         <source>TuningFreeTitle11</source>
-        <translation>Открытый Соль  Ре Соль Си Ре</translation>
+        <translation>Открытый G  D G B D</translation>
     </message>
     <message>
         <source>TunerAboutCongratsMessage</source>
@@ -61,7 +61,7 @@
     </message>
     <message>
         <source>SoundNotificationTitle</source>
-        <translation>Сигнал при точной настройке</translation>
+        <translation>Сигнал при настройке</translation>
     </message>
     <message>
         <source>StringSoundsTitle</source>
@@ -133,19 +133,19 @@
     </message>
     <message>
         <source>ChordsTitleSCT</source>
-        <translation>Стандартный строй  Соль До Ми Ля</translation>
+        <translation>Стандартный строй  G C E A</translation>
     </message>
     <message>
         <source>ChordsTitleB</source>
-        <translation>Баритон  Ре Соль Си Ми</translation>
+        <translation>Баритон  D G B E</translation>
     </message>
     <message>
         <source>ChordsTitleSl</source>
-        <translation>Открытый До  Соль До Ми Соль</translation>
+        <translation>Открытый C  G C E G</translation>
     </message>
     <message>
         <source>ChordsTitleSlB</source>
-        <translation>Открытый Соль  Ре Соль Си Ре</translation>
+        <translation>Открытый G  D G B D</translation>
     </message>
     <message>
         <source>A</source>
@@ -258,12 +258,31 @@
         <translation>О программе</translation>
     </message>
     <message>
+        <source>Ukulele Tuner</source>
+        <translation>Тюнер для укулеле</translation>
+    </message>
+    <message>
         <source>Rate the app</source>
         <translation>Оценить приложение</translation>
     </message>
     <message>
         <source>Visit the maker</source>
         <translation>Сайт разработчика</translation>
+    </message>
+</context>
+<context>
+    <name>TuningForkSheet</name>
+    <message>
+        <source>Tuning Fork</source>
+        <translation>Камертон</translation>
+    </message>
+    <message>
+        <source>Tap a string</source>
+        <translation>Нажмите на струну</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Стоп</translation>
     </message>
 </context>
 </TS>
