@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QMediaPlayer>
 #include <QUrl>
+#include <memory>
 
 #include "platform/qt/QtPorts.h"
 
@@ -13,24 +14,36 @@ namespace {
 
 class QtSoundPlayer : public SoundPlayer {
 public:
-    explicit QtSoundPlayer(const QString& path) {
-        player_.setAudioOutput(&output_);
-        player_.setSource(QUrl::fromLocalFile(path));
-    }
+    explicit QtSoundPlayer(const QString& path) : path_(path) {}
     // Releasing the player ends its sound.
-    ~QtSoundPlayer() override { player_.stop(); }
+    ~QtSoundPlayer() override {
+        if (player_)
+            player_->stop();
+    }
 
     void play() override {
-        // A sound that has run to its end starts again from the beginning.
-        if (player_.playbackState() == QMediaPlayer::StoppedState)
-            player_.setPosition(0);
-        player_.play();
+        // The media pipeline is built at the first play, not when the sound is
+        // prepared: a pipeline left loading for a while on PulseAudio never starts.
+        if (!player_) {
+            output_ = std::make_unique<QAudioOutput>();
+            player_ = std::make_unique<QMediaPlayer>();
+            player_->setAudioOutput(output_.get());
+            player_->setSource(QUrl::fromLocalFile(path_));
+        } else if (player_->playbackState() == QMediaPlayer::StoppedState) {
+            // A sound that has run to its end starts again from the beginning.
+            player_->setPosition(0);
+        }
+        player_->play();
     }
-    void stop() override { player_.stop(); }
+    void stop() override {
+        if (player_)
+            player_->stop();
+    }
 
 private:
-    QAudioOutput output_;
-    QMediaPlayer player_;
+    QString path_;
+    std::unique_ptr<QAudioOutput> output_;
+    std::unique_ptr<QMediaPlayer> player_;
 };
 
 class QtSoundPlayerFactory : public SoundPlayerFactory {
