@@ -1,5 +1,105 @@
 import QtQuick
+import "Theme.js" as Theme
 
+// The tuning fork: a reference tone for each string of the selected tuning, and a
+// button that silences it. The buttons are titled by the note-naming code.
 Sheet {
-    title: ""
+    id: sheet
+    title: qsTr("Tuning Fork")
+    property var o: app.tuner
+    property var lay: app.layout
+    property real u: lay.unit || 1
+
+    Column {
+        id: content
+        width: parent.width
+        spacing: lay.margin * 0.75
+
+        // What is sounding: the note and its exact frequency.
+        Rectangle {
+            width: parent.width
+            height: lay.readoutHeight * 0.8
+            radius: 14 * sheet.u
+            color: Theme.background
+            border.color: Theme.panelBorder
+            Column {
+                anchors.centerIn: parent
+                spacing: 2 * sheet.u
+                Text {
+                    objectName: "tfnoteDisplay"
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    text: o.tfnoteDisplay.text === "" ? "–" : o.tfnoteDisplay.text
+                    visible: !o.tfnoteDisplay.hidden
+                    color: Theme.accent
+                    font.pixelSize: lay.noteFont * 0.8
+                    font.bold: true
+                }
+                Text {
+                    objectName: "tfFreqLabel"
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    text: o.tfFreqLabel.text === "" ? qsTr("Tap a string") : o.tfFreqLabel.text
+                    visible: !o.tfFreqLabel.hidden
+                    color: o.tfFreqLabel.text === "" ? Theme.muted : Theme.text
+                    font.pixelSize: lay.freqFont * 0.8
+                }
+            }
+        }
+
+        // One button per string, string 4 on the left as the strings lie on the head.
+        Row {
+            id: strings
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: lay.margin * 0.5
+            property real buttonSize: Math.min(lay.toolbarHeight * 1.15,
+                                               (content.width - 3 * spacing) / 4)
+            Repeater {
+                model: [
+                    { name: "g4TFButton", outlet: o.g4TFButton, action: "playG392Hz" },
+                    { name: "c4TFButton", outlet: o.c4TFButton, action: "playC261_6Hz" },
+                    { name: "e4TFButton", outlet: o.e4TFButton, action: "playE329_6" },
+                    { name: "a4TFButton", outlet: o.a4TFButton, action: "playA440Hz" }
+                ]
+                delegate: Rectangle {
+                    objectName: modelData.name
+                    width: strings.buttonSize; height: width
+                    radius: width / 2
+                    visible: !modelData.outlet.hidden
+                    color: press.pressed ? Theme.accent : Theme.panel
+                    border.color: Theme.accent
+                    border.width: 2 * sheet.u
+                    Text {
+                        anchors.centerIn: parent
+                        width: parent.width - 8 * sheet.u
+                        horizontalAlignment: Text.AlignHCenter
+                        fontSizeMode: Text.HorizontalFit
+                        minimumPixelSize: 8
+                        text: modelData.outlet.title
+                        color: press.pressed ? Theme.background : Theme.text
+                        font.pixelSize: lay.labelFont
+                        font.bold: true
+                    }
+                    MouseArea { id: press; anchors.fill: parent; onClicked: app.tunerAction(modelData.action) }
+                }
+            }
+        }
+
+        Rectangle {
+            objectName: "stopFreqPlayButton"
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(content.width, 200 * sheet.u)
+            height: lay.labelFont * 2.2
+            radius: height / 2
+            color: stop.pressed ? Theme.danger : "transparent"
+            border.color: Theme.danger
+            border.width: 2 * sheet.u
+            Text {
+                anchors.centerIn: parent
+                text: qsTr("Stop")
+                color: stop.pressed ? Theme.background : Theme.danger
+                font.pixelSize: lay.labelFont
+                font.bold: true
+            }
+            MouseArea { id: stop; anchors.fill: parent; onClicked: app.tunerAction("stopFreqPlay") }
+        }
+    }
 }

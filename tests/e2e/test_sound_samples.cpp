@@ -1,0 +1,98 @@
+// String samples and the confirmation beep in the running app, heard on the speaker.
+#include <cstdio>
+
+#include "test_sound_support.h"
+#include "tuner/ViewController.h"
+
+namespace uke::test {
+namespace {
+
+class SamplesEndToEnd : public SoundEndToEnd {
+protected:
+    // Plays one string's recording with string sounds on and returns what the speaker played.
+    std::vector<int16_t> playString(const char* action, double seconds = 2.6) {
+        host->tunerAction("toggleStringSounds", true);
+        EXPECT_TRUE(pulse().startRecordingSpeaker(kRecordRate)) << pulse().serverLog();
+        host->tunerAction(action);
+        runFor(seconds);
+        return pulse().stopRecording();
+    }
+    // The recording's pitch and the tuner's readings of its ringing part.
+    void expectNote(const std::vector<int16_t>& rec, const char* name, double target) {
+        const auto [first, last] = soundingPart(rec, 1000);
+        ASSERT_LT(first, last) << name << ": the speaker stayed silent";
+        const double hz = finePitch(rec, kRecordRate, first + kRecordRate / 10, kRecordRate, target);
+        EXPECT_NEAR(hz, target, 0.1) << name;
+        // The first second rings well above the tuner's thresholds.
+        const std::vector<float> readings = tunerReadings(rec, first, first + kRecordRate);
+        ASSERT_GE(readings.size(), 3u);
+        for (float f : readings)
+            EXPECT_NEAR(f, target, target / 360.0) << name;
+        std::printf("sample %s: %.3f Hz on the speaker, tuner reads", name, hz);
+        for (float f : readings)
+            std::printf(" %.3f", static_cast<double>(f));
+        std::printf("\n");
+    }
+};
+
+TEST_F(SamplesEndToEnd, FirstStringOfStandardTuningPlaysA4) {
+    expectNote(playString("play1stStringSound"), "A4.mp3", 440.0);
+}
+
+TEST_F(SamplesEndToEnd, BaritoneDoubleDPlaysD3FromTheFourthString) {
+    for (int i = 1; i < 11; ++i)
+        host->tunerAction("showNextTuning");
+    ASSERT_EQ(host->state().chosenTuning, 11);
+    expectNote(playString("play4thStringSound"), "D3.mp3", 146.832);
+}
+
+TEST_F(SamplesEndToEnd, StringSoundsSwitchedOffPlayNothing) {
+    host->tunerAction("toggleStringSounds", false);
+    ASSERT_TRUE(pulse().startRecordingSpeaker(kRecordRate)) << pulse().serverLog();
+    host->tunerAction("play2ndStringSound");
+    runFor(1.0);
+    const std::vector<int16_t> rec = pulse().stopRecording();
+    ASSERT_GT(rec.size(), static_cast<size_t>(kRecordRate / 2));
+    const auto [first, last] = soundingPart(rec, 300);
+    EXPECT_GE(first, last) << "something played";
+}
+
+TEST_F(SamplesEndToEnd, ConfirmationBeepsOncePerStringUntilTheResetAboveTheTunersRange) {
+    // The beep is prepared when the screen loads and played a while later, as in use.
+    runFor(1.0);
+    ASSERT_TRUE(pulse().startRecordingSpeaker(kRecordRate)) << pulse().serverLog();
+    ViewController& tuner = host->tunerController();
+    tuner.play1stSoundOnce();
+    runFor(0.3);
+    tuner.play1stSoundOnce(); // already beeped: silent
+    runFor(1.0);
+    tuner.resetTuningBools();
+    tuner.play1stSoundOnce(); // re-armed: the same player sounds again
+    runFor(1.0);
+    const std::vector<int16_t> rec = pulse().stopRecording();
+
+    // Bursts louder than the level, split where it stays quiet for 0.2 s.
+    std::vector<std::pair<size_t, size_t>> bursts;
+    for (size_t i = 0; i < rec.size(); ++i) {
+        if (std::abs(rec[i]) <= 1000)
+            continue;
+        if (bursts.empty() || i - bursts.back().second > kRecordRate / 5)
+            bursts.push_back({i, i});
+        bursts.back().second = i;
+    }
+    ASSERT_EQ(bursts.size(), 2u) << "one beep, a silent repeat, then one beep after the reset";
+    for (const auto& [first, last] : bursts) {
+        const double seconds = static_cast<double>(last - first) / kRecordRate;
+        EXPECT_LT(seconds, 0.6) << "one short beep";
+        const std::vector<float> readings = tunerReadings(rec, first, first + 4096);
+        ASSERT_EQ(readings.size(), 1u);
+        EXPECT_GT(readings[0], 1000.0f);
+        std::printf("beep: %.2f s, tuner reads %.1f Hz\n", seconds, static_cast<double>(readings[0]));
+    }
+    // 1.3 s apart, as played, give or take the player's start-up.
+    const double apart = static_cast<double>(bursts[1].first - bursts[0].first) / kRecordRate;
+    EXPECT_NEAR(apart, 1.3, 0.25);
+}
+
+} // namespace
+} // namespace uke::test

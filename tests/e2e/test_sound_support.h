@@ -1,0 +1,124 @@
+#pragma once
+// The running app with the private PulseAudio server as its speaker, and the
+// measurements the sound tests make on what the speaker played.
+#include <QCoreApplication>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <complex>
+#include <memory>
+#include <vector>
+
+#include "AppHost.h"
+#include "app/SharedState.h"
+#include "audio/MicListener.h"
+#include "support/PulseServer.h"
+#include "support/QtApp.h"
+#include "support/QuickItems.h"
+
+namespace uke::test {
+
+// The speaker is recorded at the microphone's rate, so the tuner's own estimator
+// can read the recording as it would read a microphone buffer.
+inline constexpr int kRecordRate = 14039;
+
+class SoundEndToEnd : public PulseServerTest {
+protected:
+    void SetUp() override {
+        PulseServerTest::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
+        if (demoModeEnabled)
+            GTEST_SKIP() << "the demonstration build plays no sound";
+        ensureQtApp();
+        AppHost::Options o;
+        o.device = *DeviceClass::parse("phone-844");
+        o.settingsPath = dir.filePath("settings.ini");
+        o.resourcePath = QStringLiteral(UKE_SOURCE_DIR) + "/resources/sounds";
+        o.language = "en";
+        o.quietLog = true;
+        host = std::make_unique<AppHost>(o);
+        ASSERT_TRUE(host->start());
+        // Taps need the views laid out, which happens once the window is on screen.
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(host->window()));
+        runFor(0.2);
+    }
+    void TearDown() override {
+        if (pulse().running())
+            pulse().stopRecording();
+        host.reset();
+    }
+
+    // Runs the app's event loop for a while.
+    static void runFor(double seconds) {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
+        while (std::chrono::steady_clock::now() < end)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+
+    QQuickItem* item(const char* objectName) const { return findItem(host->window(), objectName); }
+    void tap(const char* objectName) {
+        QQuickItem* target = item(objectName);
+        ASSERT_NE(target, nullptr) << objectName;
+        tapItem(host->window(), target);
+        QCoreApplication::processEvents();
+    }
+
+    QTemporaryDir dir;
+    std::unique_ptr<AppHost> host;
+};
+
+// Where the recording is louder than `level`: the first and last such sample.
+inline std::pair<size_t, size_t> soundingPart(const std::vector<int16_t>& rec, int level = 2000) {
+    size_t first = rec.size(), last = 0;
+    for (size_t i = 0; i < rec.size(); ++i)
+        if (std::abs(rec[i]) > level) {
+            first = std::min(first, i);
+            last = i;
+        }
+    return {first, last};
+}
+
+// Strongest frequency within 3 Hz of `guess` over samples [from, from + count), to
+// about a thousandth of a hertz: a Hann-windowed DFT on a grid, then a finer one.
+inline double finePitch(const std::vector<int16_t>& rec, int rate, size_t from, size_t count, double guess) {
+    count = std::min(count, rec.size() - std::min(from, rec.size()));
+    std::vector<double> x(count);
+    for (size_t i = 0; i < count; ++i)
+        x[i] = rec[from + i] *
+               (0.5 - 0.5 * std::cos(2.0 * M_PI * static_cast<double>(i) / static_cast<double>(count - 1)));
+    const auto power = [&](double hz) {
+        const std::complex<double> step = std::polar(1.0, -2.0 * M_PI * hz / rate);
+        std::complex<double> phasor = 1.0, sum = 0.0;
+        for (double v : x) {
+            sum += v * phasor;
+            phasor *= step;
+        }
+        return std::norm(sum);
+    };
+    double best = guess;
+    for (double span : {3.0, 0.06}) {
+        const double centre = best;
+        double top = -1.0;
+        for (double hz = centre - span; hz <= centre + span; hz += span / 60.0)
+            if (const double p = power(hz); p > top) {
+                top = p;
+                best = hz;
+            }
+    }
+    return best;
+}
+
+// The tuner's estimate for each whole 4096-sample block of [from, to).
+inline std::vector<float> tunerReadings(const std::vector<int16_t>& rec, size_t from, size_t to) {
+    std::vector<float> hz;
+    MicListener& listener = *MicListener::sharedListener();
+    for (size_t at = from; at + 4096 <= std::min(to, rec.size()); at += 4096)
+        hz.push_back(listener.getFreqFromBuffer(rec.data() + at, 8192));
+    return hz;
+}
+
+} // namespace uke::test

@@ -1,0 +1,126 @@
+// The whole tuner on real audio: plucks played into a virtual microphone reach the
+// running app through its capture path, light the right string and turn the lamp.
+#include <QCoreApplication>
+#include <QQuickWindow>
+#include <QTemporaryDir>
+#include <chrono>
+#include <cmath>
+#include <functional>
+
+#include "AppHost.h"
+#include "support/PulseServer.h"
+#include "support/QtApp.h"
+
+namespace uke {
+namespace {
+
+// A plucked string: a few decaying harmonics, the way a nylon string rings.
+std::vector<int16_t> pluck(double hz, double seconds, int rate = 44100) {
+    std::vector<int16_t> out(static_cast<size_t>(seconds * rate));
+    const double amps[] = {1.0, 0.45, 0.25, 0.12};
+    for (size_t i = 0; i < out.size(); ++i) {
+        const double t = static_cast<double>(i) / rate;
+        double v = 0.0;
+        for (int h = 0; h < 4; ++h)
+            v += amps[h] * std::sin(2.0 * M_PI * hz * (h + 1) * t) * std::exp(-t * (1.2 + h));
+        out[i] = static_cast<int16_t>(std::lround(9000.0 * v * std::min(1.0, t * 200.0)));
+    }
+    return out;
+}
+
+class TunerEndToEnd : public test::PulseServerTest, public ::testing::WithParamInterface<const char*> {
+protected:
+    void SetUp() override {
+        test::PulseServerTest::SetUp();
+        if (IsSkipped() || HasFatalFailure())
+            return;
+        test::ensureQtApp();
+        AppHost::Options o;
+        o.device = *DeviceClass::parse(GetParam());
+        o.settingsPath = dir.filePath("settings.ini");
+        o.language = "en";
+        o.quietLog = true;
+        host = std::make_unique<AppHost>(o);
+        ASSERT_TRUE(host->start());
+    }
+    void TearDown() override {
+        // What is left of a pluck would otherwise sound into the next test.
+        if (pulse().running())
+            pulse().waitMicrophoneDrained(std::chrono::seconds(5));
+        host.reset();
+    }
+    // Runs the app's event loop until `done` holds or the deadline passes.
+    bool runUntil(const std::function<bool()>& done, std::chrono::seconds deadline = std::chrono::seconds(20)) {
+        const auto end = std::chrono::steady_clock::now() + deadline;
+        while (std::chrono::steady_clock::now() < end) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+            if (done())
+                return true;
+        }
+        return false;
+    }
+    TunerScreenModel& screen() { return host->tunerModel(); }
+    // The view that carries the string highlight on this device class.
+    ImageView& highlight() {
+        const DeviceClass c = *DeviceClass::parse(GetParam());
+        switch (highlightFor(c.idiom, c.height)->view) {
+        case HighlightView::TunedString: return screen().tunedString;
+        case HighlightView::TunedString5: return screen().tunedString5;
+        case HighlightView::TunedStringiPad: return screen().tunedStringiPad;
+        }
+        return screen().tunedString;
+    }
+    std::string highlightImage(std::string_view prefix) {
+        const DeviceClass c = *DeviceClass::parse(GetParam());
+        return std::string(prefix) + std::string(highlightFor(c.idiom, c.height)->suffix);
+    }
+
+    QTemporaryDir dir;
+    std::unique_ptr<AppHost> host;
+};
+
+TEST_P(TunerEndToEnd, PluckedStringsLightUpAndSilenceClearsTheReadOut) {
+    runUntil([] { return false; }, std::chrono::seconds(1));
+    ASSERT_EQ(screen().LEDDisplay.image, "yellow64.png") << "the quiet microphone lit " << screen().noteDisplay.text;
+    pulse().writeToMicrophone(pluck(440.0, 2.5), 44100);
+    ASSERT_TRUE(runUntil([&] { return screen().LEDDisplay.image == "green64.png"; }))
+        << "A4 never lit; read-out: " << screen().freq_label.text << "\n" << pulse().serverLog();
+    EXPECT_EQ(screen().noteDisplay.text, "A4");
+    EXPECT_EQ(screen().freq_label.text, "440.0Hz");
+    EXPECT_EQ(screen().ring1.image, "ring1.png");
+    EXPECT_EQ(highlight().image, highlightImage("1st"));
+    EXPECT_FALSE(highlight().hidden);
+
+    // A picture of the lit screen for whoever reads the test log.
+    QCoreApplication::processEvents();
+    const QString name = QStringLiteral("tuner-lit-%1.png").arg(GetParam());
+    const QString shot = QStringLiteral(UKE_BINARY_DIR) + "/e2e-" + name;
+    EXPECT_TRUE(host->window()->grabWindow().save(shot));
+    std::printf("lit tuner screen: %s\n", shot.toLocal8Bit().constData());
+    if (const QByteArray docs = qgetenv("UKE_DOCS_DIR"); !docs.isEmpty())
+        host->window()->grabWindow().save(QString::fromLocal8Bit(docs) + "/" + name);
+
+    // The microphone goes quiet: read-outs clear, the lamp turns yellow, the ring stays.
+    ASSERT_TRUE(runUntil([&] { return screen().LEDDisplay.image == "yellow64.png"; }))
+        << "the lamp never went back to yellow";
+    EXPECT_EQ(screen().freq_label.text, "");
+    EXPECT_EQ(screen().noteDisplay.text, "");
+    EXPECT_TRUE(highlight().hidden);
+    EXPECT_EQ(screen().ring1.image, "ring1.png");
+
+    // The next string of the tuning lights its own ring.
+    pulse().writeToMicrophone(pluck(329.63, 2.5), 44100);
+    ASSERT_TRUE(runUntil([&] { return screen().noteDisplay.text == "E4"; })) << screen().freq_label.text;
+    EXPECT_EQ(screen().ring2.image, "ring2.png");
+    EXPECT_EQ(screen().ring1.image, "ring1.png");
+}
+
+INSTANTIATE_TEST_SUITE_P(Devices, TunerEndToEnd, ::testing::Values("phone-844", "pad-1194"),
+                         [](const auto& info) {
+                             std::string name = info.param;
+                             std::erase(name, '-');
+                             return name;
+                         });
+
+} // namespace
+} // namespace uke
