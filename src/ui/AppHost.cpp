@@ -70,6 +70,8 @@ AppHost::AppHost(Options options, QObject* parent)
 }
 
 AppHost::~AppHost() {
+    // The listener outlives this host: let go of the capture before it is destroyed.
+    MicListener::sharedListener()->stop();
     // The output stream must go idle before the app ends.
     if (output_)
         output_->stop();
