@@ -190,31 +190,32 @@ Sheet {
             }
         }
 
-        // Calibration: the read-out and a stepper of whole hertz.
+        // Calibration: the caption over the read-out and a stepper of whole hertz,
+        // laid out as the sensitivity group is, so that no translation runs under
+        // the stepper's buttons.
         Group {
             Item {
                 width: parent.width
-                height: sheet.rowHeight * 1.1
-                // The caption gives way to the read-out and the stepper: a long
-                // translation shrinks before it can run under the buttons.
+                height: sheet.rowHeight * 0.8
                 Text {
-                    id: calibrationCaption
                     objectName: "calibrationLabel"
                     anchors.left: parent.left; anchors.leftMargin: 14 * sheet.u
-                    anchors.baseline: readout.baseline
-                    width: Math.min(implicitWidth, stepper.x - 8 * sheet.u - x - readout.width - hz.width - 12 * sheet.u)
+                    anchors.right: parent.right; anchors.rightMargin: 14 * sheet.u
+                    anchors.bottom: parent.bottom
                     text: o.calibrationLabel.text
                     visible: !o.calibrationLabel.hidden
                     color: Theme.text
                     font.pixelSize: sheet.fontSize
-                    fontSizeMode: Text.HorizontalFit
-                    minimumPixelSize: Math.round(sheet.fontSize * 0.7)
                     elide: Text.ElideRight
                 }
+            }
+            Item {
+                width: parent.width
+                height: sheet.rowHeight
                 Text {
                     id: readout
                     objectName: "calibrationFrequencyValue"
-                    anchors.left: calibrationCaption.right; anchors.leftMargin: 6 * sheet.u
+                    anchors.left: parent.left; anchors.leftMargin: 14 * sheet.u
                     anchors.verticalCenter: parent.verticalCenter
                     text: o.calibrationFrequencyValue.text
                     visible: !o.calibrationFrequencyValue.hidden
@@ -223,7 +224,6 @@ Sheet {
                     font.bold: true
                 }
                 Text {
-                    id: hz
                     objectName: "hZLabel"
                     anchors.left: readout.right; anchors.leftMargin: 6 * sheet.u
                     anchors.baseline: readout.baseline
