@@ -8,7 +8,17 @@ namespace uke {
 namespace {
 class QtUrlOpener : public UrlOpener {
 public:
-    void openUrl(const std::string& url) override { QDesktopServices::openUrl(QUrl(QString::fromStdString(url))); }
+    void openUrl(const std::string& url) override {
+        QUrl target(QString::fromStdString(url));
+        if (QDesktopServices::openUrl(target))
+            return;
+        // A desktop has no handler for the store app's scheme: the same page over
+        // https opens in the browser instead of doing nothing.
+        if (target.scheme() == QLatin1String("itms-apps")) {
+            target.setScheme(QStringLiteral("https"));
+            QDesktopServices::openUrl(target);
+        }
+    }
 };
 } // namespace
 
