@@ -2,9 +2,6 @@
 // The running app with the private PulseAudio server as its speaker, and the
 // measurements the sound tests make on what the speaker played.
 #include <QCoreApplication>
-#include <QQuickItem>
-#include <QQuickWindow>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -12,12 +9,10 @@
 #include <memory>
 #include <vector>
 
-#include "AppHost.h"
 #include "app/SharedState.h"
 #include "audio/MicListener.h"
 #include "support/PulseServer.h"
-#include "support/QtApp.h"
-#include "support/QuickItems.h"
+#include "support/RunningApp.h"
 
 namespace uke::test {
 
@@ -33,23 +28,16 @@ protected:
             return;
         if (demoModeEnabled)
             GTEST_SKIP() << "the demonstration build plays no sound";
-        ensureQtApp();
-        AppHost::Options o;
-        o.device = *DeviceClass::parse("phone-844");
-        o.settingsPath = dir.filePath("settings.ini");
-        o.resourcePath = QStringLiteral(UKE_SOURCE_DIR) + "/resources/sounds";
-        o.language = "en";
-        o.quietLog = true;
-        host = std::make_unique<AppHost>(o);
-        ASSERT_TRUE(host->start());
-        // Taps need the views laid out, which happens once the window is on screen.
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(host->window()));
+        app = std::make_unique<RunningApp>("phone-844", "en", RunningApp::Seed{},
+                                           QStringLiteral(UKE_SOURCE_DIR) + "/resources/sounds");
+        ASSERT_TRUE(app->started);
+        host = app->host.get();
         runFor(0.2);
     }
     void TearDown() override {
         if (pulse().running())
             pulse().stopRecording();
-        host.reset();
+        app.reset();
     }
 
     // Runs the app's event loop for a while.
@@ -59,16 +47,11 @@ protected:
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
 
-    QQuickItem* item(const char* objectName) const { return findItem(host->window(), objectName); }
-    void tap(const char* objectName) {
-        QQuickItem* target = item(objectName);
-        ASSERT_NE(target, nullptr) << objectName;
-        tapItem(host->window(), target);
-        QCoreApplication::processEvents();
-    }
+    QQuickItem* item(const char* objectName) const { return app->item(objectName); }
+    void tap(const char* objectName) { app->tap(objectName, 0); }
 
-    QTemporaryDir dir;
-    std::unique_ptr<AppHost> host;
+    std::unique_ptr<RunningApp> app;
+    AppHost* host = nullptr;
 };
 
 // Where the recording is louder than `level`: the first and last such sample.
