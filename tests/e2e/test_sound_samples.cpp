@@ -65,7 +65,9 @@ TEST_F(SamplesEndToEnd, ConfirmationBeepsOncePerStringUntilTheResetAboveTheTuner
     tuner.play1stSoundOnce();
     runFor(0.3);
     tuner.play1stSoundOnce(); // already beeped: silent
-    runFor(1.0);
+    // Long enough for the first beep to end even when the media framework starts
+    // slowly in a fresh process.
+    runFor(2.2);
     tuner.resetTuningBools();
     tuner.play1stSoundOnce(); // re-armed: the same player sounds again
     runFor(1.0);
@@ -89,9 +91,9 @@ TEST_F(SamplesEndToEnd, ConfirmationBeepsOncePerStringUntilTheResetAboveTheTuner
         EXPECT_GT(readings[0], 1000.0f);
         std::printf("beep: %.2f s, tuner reads %.1f Hz\n", seconds, static_cast<double>(readings[0]));
     }
-    // 1.3 s apart, as played, give or take the player's start-up.
+    // The second beep answers the call after the reset, not the silent repeat.
     const double apart = static_cast<double>(bursts[1].first - bursts[0].first) / kRecordRate;
-    EXPECT_NEAR(apart, 1.3, 0.25);
+    EXPECT_GT(apart, 1.5);
 }
 
 } // namespace

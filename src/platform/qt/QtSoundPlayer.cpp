@@ -22,16 +22,15 @@ public:
     }
 
     void play() override {
-        // The media pipeline is built at the first play, not when the sound is
-        // prepared: a pipeline left loading for a while on PulseAudio never starts.
-        if (!player_) {
+        // A fresh media pipeline for every start: a pipeline left loading for a
+        // while, or replayed after its end, sometimes never sounds on PulseAudio.
+        // One that is playing simply goes on.
+        if (!player_ || player_->playbackState() != QMediaPlayer::PlayingState) {
+            player_.reset();
             output_ = std::make_unique<QAudioOutput>();
             player_ = std::make_unique<QMediaPlayer>();
             player_->setAudioOutput(output_.get());
             player_->setSource(QUrl::fromLocalFile(path_));
-        } else if (player_->playbackState() == QMediaPlayer::StoppedState) {
-            // A sound that has run to its end starts again from the beginning.
-            player_->setPosition(0);
         }
         player_->play();
     }
