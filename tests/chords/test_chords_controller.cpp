@@ -57,10 +57,15 @@ TEST_F(ChordsScreen, TitlesFollowTheChartAndStayUntouchedOutsideIt) {
         EXPECT_EQ(screen.chordsTitle1.text, "Chord library") << chart;
         EXPECT_EQ(screen.chordsTitle2.text, second) << chart;
     }
+    // An unknown chart draws nothing but still counts its opening.
     for (int64_t chart : {0, 5, -1}) {
-        open(chart);
+        const long before = stored(keys::variantsSearched);
+        open(chart, 1, {1, 1});
         EXPECT_EQ(screen.chordsTitle1.text, "") << chart;
         EXPECT_EQ(screen.chordsTitle2.text, "") << chart;
+        EXPECT_EQ(screen.chordDisplay.text, "-") << chart;
+        EXPECT_EQ(screen.ukuleleFretboard.image, "fretboard.png") << chart;
+        EXPECT_EQ(stored(keys::variantsSearched), before + 3) << chart;
     }
 }
 
@@ -110,7 +115,6 @@ TEST_F(ChordsScreen, OpenTuningsForceLocalisedRootsAndTheShortList) {
 
 TEST_F(ChordsScreen, PickerDataSourceAnswersByTag) {
     auto& c = open(1);
-    EXPECT_EQ(c.numberOfComponentsInPickerView(), 1);
     EXPECT_EQ(c.numberOfRowsInComponent(1), 12);
     for (int64_t tag : {2, 3, 4})
         EXPECT_EQ(c.numberOfRowsInComponent(tag), 15);
@@ -159,12 +163,10 @@ TEST_F(ChordsScreen, RowsOutOfBoundsChangeNothing) {
 }
 
 TEST_F(ChordsScreen, FirstChordComesFromTwoDrawsOfEight) {
-    auto& c = open(1, 1, {7, 7});
+    open(1, 1, {7, 7});
     EXPECT_EQ(bounds, (std::vector<uint32_t>{8, 8}));
     EXPECT_EQ(screen.selectRootChord.selectedRow, 7);
     EXPECT_EQ(screen.selectVariant.selectedRow, 7);
-    EXPECT_EQ(c.currentChord(), "E");
-    EXPECT_EQ(c.currentVariant(), "6");
     EXPECT_EQ(screen.chordDisplay.text, "E6");
     EXPECT_EQ(drawn(screen), "4444");
 
@@ -269,9 +271,6 @@ TEST_F(ChordsScreen, DrawsMarksLabelsAndNamesAndClearsBetweenDrawings) {
     open(1);
     select("G#/A♭", "-");
     EXPECT_EQ(drawn(screen), "4232/L2=3");
-    EXPECT_EQ(screen.leftNumberFr2.image, "3.png");
-    EXPECT_EQ(screen.rightNumberFr1.image, "");
-    EXPECT_EQ(screen.rightNumberFr2.image, "");
     EXPECT_EQ(screen.chordDisplay.text, "G#");
 
     select("C", "6");
@@ -282,37 +281,22 @@ TEST_F(ChordsScreen, DrawsMarksLabelsAndNamesAndClearsBetweenDrawings) {
     EXPECT_EQ(drawn(screen), "1(13)1(14)");
     select("D#/E♭", "m9");
     EXPECT_EQ(drawn(screen), "13x4/R2=4");
-    EXPECT_EQ(screen.string2Status.image, "x.png");
     select("F#/G♭", "7sus4");
     EXPECT_EQ(drawn(screen), "2233/R1=5");
 
     open(3);
     select("E", "m7");
     EXPECT_EQ(drawn(screen), "(o4)2o-");
-    EXPECT_EQ(screen.string4Status.image, "circle.png");
-    EXPECT_EQ(screen.Str4Fr4.image, "dot.png");
     EXPECT_EQ(screen.chordDisplay.text, "Em7");
 }
 
-TEST_F(ChordsScreen, UnknownChartDrawsNothingButStillCounts) {
-    for (int64_t chart : {0, 5}) {
-        const long before = stored(keys::variantsSearched);
-        open(chart, 1, {1, 1});
-        EXPECT_EQ(screen.chordDisplay.text, "-");
-        EXPECT_EQ(screen.ukuleleFretboard.image, "fretboard.png");
-        EXPECT_EQ(stored(keys::variantsSearched), before + 3);
-    }
-}
-
-struct PictureCase {
-    int64_t chart;
-    Idiom idiom;
-    double height;
-    const char* picture;
-};
-
-TEST_F(ChordsScreen, NeckPictureFollowsTheChartAndTheExactScreenHeight) {
-    const PictureCase cases[] = {
+TEST_F(ChordsScreen, NeckPictureFollowsTheChartAndTheExactScreenHeightAndOutlivesClearing) {
+    const struct {
+        int64_t chart;
+        Idiom idiom;
+        double height;
+        const char* picture;
+    } cases[] = {
         {2, Idiom::Phone, 480, "bchords_iPhone.png"},
         {2, Idiom::Phone, 568, "bchords_iPhone5.png"},
         {2, Idiom::Phone, 667, "bchords_iPhone6.png"},
@@ -331,15 +315,15 @@ TEST_F(ChordsScreen, NeckPictureFollowsTheChartAndTheExactScreenHeight) {
         {0, Idiom::Pad, 1024, "fretboard.png"},
         {5, Idiom::Phone, 480, "fretboard.png"},
     };
-    for (const PictureCase& k : cases) {
+    for (const auto& k : cases) {
         platform.device.idiomValue = k.idiom;
         platform.device.height = k.height;
         open(k.chart);
         EXPECT_EQ(screen.ukuleleFretboard.image, k.picture) << k.chart << " at " << k.height;
     }
-}
 
-TEST_F(ChordsScreen, ClearingKeepsTheNeckPicture) {
+    // Clearing the board keeps the picture.
+    platform.device.idiomValue = Idiom::Phone;
     platform.device.height = 667;
     auto& c = open(2, 1, {3, 2});
     ASSERT_NE(drawn(screen), "----");

@@ -105,15 +105,13 @@ TEST_F(Counting, DebugLogLinesAreExact) {
     EXPECT_EQ(platform.log.lines, expected);
 }
 
-TEST_F(Counting, LaunchCountsOnlyOnceTheLoopRuns) {
+TEST_F(Counting, LaunchCountsOnceTheLoopRunsAndPromptsOnceTheConditionsHold) {
     rating->appLaunched(true);
     EXPECT_FALSE(store().hasKey(keys::kRatingPromptUseCount)) << "counted on the caller's stack";
     runPending();
     EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
     EXPECT_EQ(platform.alerts.presentCount, 0) << "first use: days and uses not reached";
-}
 
-TEST_F(Counting, LaunchPromptsOnceTheConditionsHold) {
     seedMet(2.0, 1);
     rating->appLaunched(false);
     runPending();
@@ -123,7 +121,6 @@ TEST_F(Counting, LaunchPromptsOnceTheConditionsHold) {
     rating->appLaunched(true);
     runPending();
     EXPECT_EQ(platform.alerts.presentCount, 1);
-    EXPECT_EQ(platform.alerts.buttons.size(), 3u);
 }
 
 TEST_F(Counting, DebugLaunchShowsTheAlertWithoutCounting) {
