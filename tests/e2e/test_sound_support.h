@@ -41,11 +41,7 @@ protected:
     }
 
     // Runs the app's event loop for a while.
-    static void runFor(double seconds) {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
-        while (std::chrono::steady_clock::now() < end)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
+    static void runFor(double seconds) { settle(static_cast<int>(seconds * 1000)); }
 
     QQuickItem* item(const char* objectName) const { return app->item(objectName); }
     void tap(const char* objectName) { app->tap(objectName, 0); }
