@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-#include <complex>
 #include <memory>
 #include <vector>
 
 #include "app/SharedState.h"
 #include "audio/MicListener.h"
+#include "support/FinePitch.h"
 #include "support/PulseServer.h"
 #include "support/RunningApp.h"
 
@@ -61,34 +61,10 @@ inline std::pair<size_t, size_t> soundingPart(const std::vector<int16_t>& rec, i
     return {first, last};
 }
 
-// Strongest frequency within 3 Hz of `guess` over samples [from, from + count), to
-// about a thousandth of a hertz: a Hann-windowed DFT on a grid, then a finer one.
+// The pitch of samples [from, from + count) of a recording, near `guess`.
 inline double finePitch(const std::vector<int16_t>& rec, int rate, size_t from, size_t count, double guess) {
-    count = std::min(count, rec.size() - std::min(from, rec.size()));
-    std::vector<double> x(count);
-    for (size_t i = 0; i < count; ++i)
-        x[i] = rec[from + i] *
-               (0.5 - 0.5 * std::cos(2.0 * M_PI * static_cast<double>(i) / static_cast<double>(count - 1)));
-    const auto power = [&](double hz) {
-        const std::complex<double> step = std::polar(1.0, -2.0 * M_PI * hz / rate);
-        std::complex<double> phasor = 1.0, sum = 0.0;
-        for (double v : x) {
-            sum += v * phasor;
-            phasor *= step;
-        }
-        return std::norm(sum);
-    };
-    double best = guess;
-    for (double span : {3.0, 0.06}) {
-        const double centre = best;
-        double top = -1.0;
-        for (double hz = centre - span; hz <= centre + span; hz += span / 60.0)
-            if (const double p = power(hz); p > top) {
-                top = p;
-                best = hz;
-            }
-    }
-    return best;
+    from = std::min(from, rec.size());
+    return finePitch(rec.data() + from, std::min(count, rec.size() - from), rate, guess);
 }
 
 // The tuner's estimate for each whole 4096-sample block of [from, to).

@@ -10,23 +10,10 @@
 #include "AppHost.h"
 #include "support/PulseServer.h"
 #include "support/QtApp.h"
+#include "support/SyntheticPluck.h"
 
 namespace uke {
 namespace {
-
-// A plucked string: a few decaying harmonics, the way a nylon string rings.
-std::vector<int16_t> pluck(double hz, double seconds, int rate = 44100) {
-    std::vector<int16_t> out(static_cast<size_t>(seconds * rate));
-    const double amps[] = {1.0, 0.45, 0.25, 0.12};
-    for (size_t i = 0; i < out.size(); ++i) {
-        const double t = static_cast<double>(i) / rate;
-        double v = 0.0;
-        for (int h = 0; h < 4; ++h)
-            v += amps[h] * std::sin(2.0 * M_PI * hz * (h + 1) * t) * std::exp(-t * (1.2 + h));
-        out[i] = static_cast<int16_t>(std::lround(9000.0 * v * std::min(1.0, t * 200.0)));
-    }
-    return out;
-}
 
 class TunerEndToEnd : public test::PulseServerTest, public ::testing::WithParamInterface<const char*> {
 protected:
@@ -82,7 +69,7 @@ protected:
 TEST_P(TunerEndToEnd, PluckedStringsLightUpAndSilenceClearsTheReadOut) {
     runUntil([] { return false; }, std::chrono::seconds(1));
     ASSERT_EQ(screen().LEDDisplay.image, "yellow64.png") << "the quiet microphone lit " << screen().noteDisplay.text;
-    pulse().writeToMicrophone(pluck(440.0, 2.5), 44100);
+    pulse().writeToMicrophone(test::syntheticPluck(440.0, 44100.0, 2 * 44100), 44100);
     ASSERT_TRUE(runUntil([&] { return screen().LEDDisplay.image == "green64.png"; }))
         << "A4 never lit; read-out: " << screen().freq_label.text << "\n" << pulse().serverLog();
     EXPECT_EQ(screen().noteDisplay.text, "A4");
@@ -109,7 +96,7 @@ TEST_P(TunerEndToEnd, PluckedStringsLightUpAndSilenceClearsTheReadOut) {
     EXPECT_EQ(screen().ring1.image, "ring1.png");
 
     // The next string of the tuning lights its own ring.
-    pulse().writeToMicrophone(pluck(329.63, 2.5), 44100);
+    pulse().writeToMicrophone(test::syntheticPluck(329.63, 44100.0, 2 * 44100), 44100);
     ASSERT_TRUE(runUntil([&] { return screen().noteDisplay.text == "E4"; })) << screen().freq_label.text;
     EXPECT_EQ(screen().ring2.image, "ring2.png");
     EXPECT_EQ(screen().ring1.image, "ring1.png");

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <complex>
 #include <cstdio>
 #include <filesystem>
 #include <set>
@@ -15,6 +14,7 @@
 
 #include "audio/MicListener.h"
 #include "platform/virtual/Fakes.h"
+#include "support/FinePitch.h"
 #include "tuner/StringTargetTable.h"
 #include "tuner/TuningCatalogue.h"
 
@@ -60,35 +60,11 @@ double rms(const Sound& s, double from, double to) {
     return b > a ? std::sqrt(sum / static_cast<double>(b - a)) : 0.0;
 }
 
-// Strongest frequency near `guess` over one second from 0.1 s, to a thousandth of
-// a hertz: a Hann-windowed DFT evaluated on a grid and then on a finer one.
+// Strongest frequency near `guess` over one second from 0.1 s.
 double finePitch(const Sound& s, double guess) {
     const auto start = static_cast<size_t>(0.1 * s.rate);
     const auto n = std::min(static_cast<size_t>(s.rate), s.mono.size() - start);
-    std::vector<double> x(n);
-    for (size_t i = 0; i < n; ++i)
-        x[i] = s.mono[start + i] *
-               (0.5 - 0.5 * std::cos(2.0 * M_PI * static_cast<double>(i) / static_cast<double>(n - 1)));
-    const auto power = [&](double hz) {
-        const std::complex<double> step = std::polar(1.0, -2.0 * M_PI * hz / s.rate);
-        std::complex<double> phasor = 1.0, sum = 0.0;
-        for (double v : x) {
-            sum += v * phasor;
-            phasor *= step;
-        }
-        return std::norm(sum);
-    };
-    double best = guess;
-    for (double span : {3.0, 0.06}) {
-        const double centre = best;
-        double top = -1.0;
-        for (double hz = centre - span; hz <= centre + span; hz += span / 60.0)
-            if (const double p = power(hz); p > top) {
-                top = p;
-                best = hz;
-            }
-    }
-    return best;
+    return test::finePitch(s.mono.data() + start, n, s.rate, guess);
 }
 
 // The tuner's estimate for each 4096-sample block of the sound heard at 14039 Hz.
