@@ -1,5 +1,7 @@
 #include "Args.h"
 
+#include "app/OutletJson.h"
+
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -104,26 +106,6 @@ std::string exactDouble(double v) {
     return s;
 }
 
-std::string jsonString(const std::string& s) {
-    std::string out = "\"";
-    for (unsigned char c : s) {
-        switch (c) {
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '\n': out += "\\n"; break;
-        case '\t': out += "\\t"; break;
-        case '\r': out += "\\r"; break;
-        default:
-            if (c < 0x20) {
-                char buf[8];
-                std::snprintf(buf, sizeof buf, "\\u%04x", c);
-                out += buf;
-            } else {
-                out += static_cast<char>(c);
-            }
-        }
-    }
-    return out + "\"";
-}
+std::string jsonString(const std::string& s) { return jsonQuoted(s); }
 
 } // namespace uke::tool
