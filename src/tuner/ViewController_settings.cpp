@@ -36,6 +36,14 @@ void ViewController::setFrequencyValue(double stepperValue) {
 }
 
 namespace {
+// A switch's state goes to the shared flag, the view and the store at once.
+void storeSwitch(SettingsStore& settings, const std::string& key, bool& flag, Switch& view, bool on) {
+    flag = on;
+    view.on = on;
+    settings.setBool(key, on);
+    settings.synchronize();
+}
+
 void logSwitch(Log& log, bool on) {
     log.log(format(on ? "Has encendido el Switch, valor de la variable = %d"
                       : "Has apagado el Switch, valor de la variable = %d",
@@ -44,26 +52,18 @@ void logSwitch(Log& log, bool on) {
 } // namespace
 
 void ViewController::soundNotificationAction(bool on) {
-    state_.soundNotificationOn = on;
-    screen_.soundNotificationSwitch.on = on;
-    s_.settings.setBool(keys::soundNotificationEnabled, on);
-    s_.settings.synchronize();
+    storeSwitch(s_.settings, keys::soundNotificationEnabled, state_.soundNotificationOn,
+                screen_.soundNotificationSwitch, on);
     logSwitch(s_.log, on);
 }
 
 void ViewController::toggleStringSounds(bool on) {
-    state_.stringSoundsOn = on;
-    screen_.stringSoundsSwitch.on = on;
-    s_.settings.setBool(keys::stringSoundsEnabled, on);
-    s_.settings.synchronize();
+    storeSwitch(s_.settings, keys::stringSoundsEnabled, state_.stringSoundsOn, screen_.stringSoundsSwitch, on);
     logSwitch(s_.log, on);
 }
 
 void ViewController::toggleFreqChart(bool on) {
-    state_.frequencyChartOn = on;
-    screen_.freqChartSwitch.on = on;
-    s_.settings.setBool(keys::frequencyChartEnabled, on);
-    s_.settings.synchronize();
+    storeSwitch(s_.settings, keys::frequencyChartEnabled, state_.frequencyChartOn, screen_.freqChartSwitch, on);
     s_.log.log(format(on ? "Frequency chart IS enabled: %d" : "Frequency chart IS NOT enabled: %d", on ? 1 : 0));
 }
 
