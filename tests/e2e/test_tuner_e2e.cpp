@@ -71,7 +71,8 @@ TEST_P(TunerEndToEnd, PluckedStringsLightUpAndSilenceClearsTheReadOut) {
     ASSERT_EQ(screen().LEDDisplay.image, "yellow64.png") << "the quiet microphone lit " << screen().noteDisplay.text;
     pulse().writeToMicrophone(test::syntheticPluck(440.0, 44100.0, 2 * 44100), 44100);
     ASSERT_TRUE(runUntil([&] { return screen().LEDDisplay.image == "green64.png"; }))
-        << "A4 never lit; read-out: " << screen().freq_label.text << "\n" << pulse().serverLog();
+        << "A4 never lit; read-out: " << screen().freq_label.text << "\n"
+        << pulse().serverLog();
     EXPECT_EQ(screen().noteDisplay.text, "A4");
     EXPECT_EQ(screen().freq_label.text, "440.0Hz");
     EXPECT_EQ(screen().ring1.image, "ring1.png");
@@ -102,12 +103,11 @@ TEST_P(TunerEndToEnd, PluckedStringsLightUpAndSilenceClearsTheReadOut) {
     EXPECT_EQ(screen().ring1.image, "ring1.png");
 }
 
-INSTANTIATE_TEST_SUITE_P(Devices, TunerEndToEnd, ::testing::Values("phone-844", "pad-1194"),
-                         [](const auto& info) {
-                             std::string name = info.param;
-                             std::erase(name, '-');
-                             return name;
-                         });
+INSTANTIATE_TEST_SUITE_P(Devices, TunerEndToEnd, ::testing::Values("phone-844", "pad-1194"), [](const auto& info) {
+    std::string name = info.param;
+    std::erase(name, '-');
+    return name;
+});
 
 } // namespace
 } // namespace uke

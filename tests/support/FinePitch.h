@@ -10,12 +10,11 @@ namespace uke::test {
 
 // Strongest frequency within 3 Hz of `guess` over `count` samples, to about a
 // thousandth of a hertz: a Hann-windowed DFT on a grid, then on a finer one.
-template <class Sample>
-double finePitch(const Sample* samples, size_t count, double rate, double guess) {
+template <class Sample> double finePitch(const Sample* samples, size_t count, double rate, double guess) {
     std::vector<double> x(count);
     for (size_t i = 0; i < count; ++i)
-        x[i] = samples[i] *
-               (0.5 - 0.5 * std::cos(2.0 * M_PI * static_cast<double>(i) / static_cast<double>(count - 1)));
+        x[i] =
+            samples[i] * (0.5 - 0.5 * std::cos(2.0 * M_PI * static_cast<double>(i) / static_cast<double>(count - 1)));
     const auto power = [&](double hz) {
         const std::complex<double> step = std::polar(1.0, -2.0 * M_PI * hz / rate);
         std::complex<double> phasor = 1.0, sum = 0.0;

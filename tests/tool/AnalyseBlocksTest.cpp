@@ -10,8 +10,8 @@
 #include <sndfile.h>
 
 #include "AudioFile.h"
-#include "app/SharedState.h"
 #include "Commands.h"
+#include "app/SharedState.h"
 #include "support/SyntheticPluck.h"
 
 namespace uke::tool {

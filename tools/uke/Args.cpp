@@ -57,8 +57,7 @@ bool Args::number(const std::string& name, double lo, double hi, double& out) {
     const double d = std::strtod(v->c_str(), &end);
     if (v->empty() || *end != '\0' || !std::isfinite(d) || d < lo || d > hi) {
         char buf[160];
-        std::snprintf(buf, sizeof buf, "--%s needs a number from %g to %g, not '%s'", name.c_str(), lo, hi,
-                      v->c_str());
+        std::snprintf(buf, sizeof buf, "--%s needs a number from %g to %g, not '%s'", name.c_str(), lo, hi, v->c_str());
         error_ = buf;
         return false;
     }

@@ -5,7 +5,7 @@ namespace uke::tool {
 
 int analyseTuner(const std::vector<std::vector<int16_t>>& blocks, const Args& args, std::ostream& out,
                  std::ostream& err) {
-    Args options = args;  // the readers note their errors on the object
+    Args options = args; // the readers note their errors on the object
     TunerOptions tuner;
     std::string error;
     if (!readTunerOptions(options, tuner, error)) {
