@@ -239,6 +239,10 @@
         <source>Pluck a string</source>
         <translation>Zupfe eine Saite</translation>
     </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Kein Mikrofon gefunden</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>

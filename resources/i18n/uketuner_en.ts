@@ -239,6 +239,10 @@
         <source>Pluck a string</source>
         <translation>Pluck a string</translation>
     </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>No microphone found</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>

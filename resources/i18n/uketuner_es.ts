@@ -239,6 +239,10 @@
         <source>Pluck a string</source>
         <translation>Pulsa una cuerda</translation>
     </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>No se encuentra el micrófono</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>

@@ -239,6 +239,10 @@
         <source>Pluck a string</source>
         <translation>Pincez une corde</translation>
     </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Aucun micro trouvé</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>

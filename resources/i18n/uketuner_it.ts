@@ -239,6 +239,10 @@
         <source>Pluck a string</source>
         <translation>Pizzica una corda</translation>
     </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Nessun microfono trovato</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>

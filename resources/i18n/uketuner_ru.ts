@@ -239,6 +239,10 @@
         <source>Pluck a string</source>
         <translation>Дёрните струну</translation>
     </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Микрофон не найден</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>

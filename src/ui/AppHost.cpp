@@ -126,6 +126,10 @@ QQuickWindow* AppHost::window() const {
 void AppHost::sync() {
     tunerMap_.sync(tunerModel_);
     chordsMap_.sync(chordModel_);
+    if (const bool hearing = MicListener::sharedListener()->isListening(); hearing != hearing_) {
+        hearing_ = hearing;
+        emit hearingChanged();
+    }
     if (!options_.stateOut.isEmpty())
         writeState();
 }

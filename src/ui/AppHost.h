@@ -37,6 +37,8 @@ class AppHost : public QObject {
     Q_PROPERTY(QVariantMap geometry READ geometry CONSTANT)
     Q_PROPERTY(bool isPad READ isPad CONSTANT)
     Q_PROPERTY(bool chordsOpen READ chordsOpen NOTIFY chordsOpenChanged)
+    // Whether the microphone is being heard; false where no input could be opened.
+    Q_PROPERTY(bool hearing READ hearing NOTIFY hearingChanged)
 
 public:
     struct Options {
@@ -67,6 +69,7 @@ public:
     QVariantMap geometry() const { return geometry_; }
     bool isPad() const { return options_.device.idiom == Idiom::Pad; }
     bool chordsOpen() const { return chordsController_ != nullptr; }
+    bool hearing() const { return hearing_; }
 
     ViewController& tunerController() { return *controller_; }
     TunerScreenModel& tunerModel() { return tunerModel_; }
@@ -79,6 +82,7 @@ public:
 
 signals:
     void chordsOpenChanged();
+    void hearingChanged();
 
 private:
     void buildWindow(const std::string& storyboard);
@@ -115,6 +119,7 @@ private:
     std::unique_ptr<QQmlApplicationEngine> engine_;
     QByteArray lastState_;
     std::string resourcePath_;
+    bool hearing_ = true;
 };
 
 } // namespace uke

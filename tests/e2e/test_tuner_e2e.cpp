@@ -69,6 +69,7 @@ protected:
 TEST_P(TunerEndToEnd, PluckedStringsLightUpAndSilenceClearsTheReadOut) {
     runUntil([] { return false; }, std::chrono::seconds(1));
     ASSERT_EQ(screen().LEDDisplay.image, "yellow64.png") << "the quiet microphone lit " << screen().noteDisplay.text;
+    EXPECT_TRUE(host->hearing()) << "the virtual microphone was not opened";
     pulse().writeToMicrophone(test::syntheticPluck(440.0, 44100.0, 2 * 44100), 44100);
     ASSERT_TRUE(runUntil([&] { return screen().LEDDisplay.image == "green64.png"; }))
         << "A4 never lit; read-out: " << screen().freq_label.text << "\n"

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "app/SharedState.h"
+#include "audio/MicListener.h"
 #include "support/RunningApp.h"
 
 namespace uke {
@@ -41,6 +43,17 @@ TEST(TunerScreen, HeightOfNoTableStillGetsAUsableWindow) {
     EXPECT_EQ(r.window()->height(), 900);
     EXPECT_EQ(r.host->layout().value("name").toString(), "Main_iPhoneXSMax");
     EXPECT_GT(test::varied(r.grab()), 0.05);
+}
+
+TEST(TunerScreen, ReadOutSaysWhenNoMicrophoneIsHeard) {
+    if (demoModeEnabled)
+        GTEST_SKIP() << "the demonstration picture fills the read-out";
+    // These tests start no sound server, so whether an input opened depends on the machine.
+    RunningApp r;
+    ASSERT_TRUE(r.started);
+    test::settle(200);
+    EXPECT_EQ(r.host->hearing(), MicListener::sharedListener()->isListening());
+    EXPECT_EQ(r.text("freq_label"), r.host->hearing() ? "Pluck a string" : "No microphone found");
 }
 
 } // namespace

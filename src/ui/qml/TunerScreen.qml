@@ -82,7 +82,9 @@ Item {
             }
             Text {
                 objectName: "freq_label"
-                text: o.freq_label.text === "" ? qsTr("Pluck a string") : o.freq_label.text
+                // Without an input the tuner can never hear anything: say so instead of waiting.
+                text: o.freq_label.text !== "" ? o.freq_label.text
+                      : app.hearing ? qsTr("Pluck a string") : qsTr("No microphone found")
                 color: o.freq_label.text === "" ? Theme.muted : Theme.text
                 font.pixelSize: lay.freqFont
             }
