@@ -1,5 +1,5 @@
 #pragma once
-#include "app/Outlets.h"
+#include "base/Outlets.h"
 
 namespace uke {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/SharedState.h"
+#include "base/SharedState.h"
 #include "chords/ChordScreenModel.h"
 #include "platform/Services.h"
 

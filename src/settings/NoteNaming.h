@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "tuner/Pitch.h"
+#include "base/Pitch.h"
 
 namespace uke {
 

@@ -26,4 +26,17 @@ ImageView& TunerScreenModel::ring(int n) {
     }
 }
 
+ImageView& TunerScreenModel::highlight(HighlightView view) {
+    return const_cast<ImageView&>(static_cast<const TunerScreenModel&>(*this).highlight(view));
+}
+
+const ImageView& TunerScreenModel::highlight(HighlightView view) const {
+    switch (view) {
+    case HighlightView::TunedString: return tunedString;
+    case HighlightView::TunedString5: return tunedString5;
+    case HighlightView::TunedStringiPad: break;
+    }
+    return tunedStringiPad;
+}
+
 } // namespace uke

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tuner/Pitch.h"
+#include "base/Pitch.h"
 
 namespace uke {
 

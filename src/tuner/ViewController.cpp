@@ -3,14 +3,15 @@
 #include <cstdlib>
 
 #include "rating/RatingPrompt.h"
+#include "settings/FactorySettings.h"
 #include "settings/SettingsKeys.h"
 #include "sounds/ToneGenerator.h"
 #include "tuner/TuningCatalogue.h"
 
 namespace uke {
 
-ViewController::ViewController(Services services, SharedState& state, TunerScreenModel& screen,
-                               PitchSource& listener, ToneGenerator& tone, RatingPrompt& rating)
+ViewController::ViewController(Services services, SharedState& state, TunerScreenModel& screen, PitchSource& listener,
+                               ToneGenerator& tone, RatingPrompt& rating)
     : s_(services), state_(state), screen_(screen), listener_(listener), tone_(tone), rating_(rating) {}
 
 ViewController::~ViewController() = default;
@@ -96,13 +97,7 @@ void ViewController::ResetToFactorySettings() {
     auto& st = s_.settings;
     s_.log.log("Me abriste por primera vez, voy a borrar los defaults");
     st.wipeDomain();
-    st.setInteger(keys::SavedLanguage, 1);
-    st.setInteger(keys::savedSliderValue, 5);
-    st.setBool(keys::soundNotificationEnabled, true);
-    st.setBool(keys::stringSoundsEnabled, false);
-    st.setBool(keys::frequencyChartEnabled, true);
-    st.setInteger(keys::savedA4Calibration, 440);
-    st.setInteger(keys::numberOfRuns, 1);
+    storeFactorySettings(st);
     st.synchronize();
     // The marker goes last, so that an interrupted reset runs again next time.
     st.setBool(keys::NewLaunchOrvel, true);

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "app/SharedState.h"
+#include "base/SharedState.h"
 #include "audio/PitchSource.h"
 #include "platform/Services.h"
 #include "tuner/TunerScreenModel.h"

@@ -1,20 +1,9 @@
 // The tuner tick, the in-tune indication and the demonstration picture.
-#include "app/LayoutClass.h"
+#include "base/LayoutClass.h"
 #include "tuner/TuningCatalogue.h"
 #include "tuner/ViewController.h"
 
 namespace uke {
-
-namespace {
-ImageView& highlightView(TunerScreenModel& screen, HighlightView view) {
-    switch (view) {
-    case HighlightView::TunedString: return screen.tunedString;
-    case HighlightView::TunedString5: return screen.tunedString5;
-    case HighlightView::TunedStringiPad: break;
-    }
-    return screen.tunedStringiPad;
-}
-} // namespace
 
 void ViewController::tickFree() {
     const float p = listener_.averagePower();
@@ -38,7 +27,7 @@ void ViewController::tickFree() {
     const double fd = f;
     for (const MatchRule& rule : TuningCatalogue::tuning(state_.chosenTuning).rules) {
         const StringTarget& t = state_.targets[rule.pitch];
-        if (t.target - t.basis / 360.0 <= fd && t.target + t.basis / 360.0 >= fd) {
+        if (t.contains(fd)) {
             screen_.tunedString.hidden = false;
             screen_.tunedString5.hidden = false;
             screen_.tunedStringiPad.hidden = false;
@@ -89,7 +78,7 @@ void ViewController::displayTunedString(int64_t code) {
     const auto highlight = highlightFor(s_.device.idiom(), s_.device.screenHeight());
     if (!highlight)
         return;
-    highlightView(screen_, highlight->view).image = std::string(highlightPrefix(code)) + std::string(highlight->suffix);
+    screen_.highlight(highlight->view).image = std::string(highlightPrefix(code)) + std::string(highlight->suffix);
 }
 
 void ViewController::displayNoStrings() {
@@ -123,10 +112,9 @@ void ViewController::demoMode() {
         const char* note;
         const char* freq;
     };
-    static const Picture pictures[11] = {
-        {"A4", "440.0Hz"}, {"A4", "440.0Hz"}, {"B4", "493.9Hz"}, {"B4", "493.9Hz"},
-        {"E4", "329.6Hz"}, {"G#4", "415.3Hz"}, {"G4", "392.0Hz"}, {"A#4", "466.2Hz"},
-        {"B4", "493.9Hz"}, {"G4", "392.0Hz"}, {"D3", "146.8Hz"}};
+    static const Picture pictures[11] = {{"A4", "440.0Hz"}, {"A4", "440.0Hz"},  {"B4", "493.9Hz"}, {"B4", "493.9Hz"},
+                                         {"E4", "329.6Hz"}, {"G#4", "415.3Hz"}, {"G4", "392.0Hz"}, {"A#4", "466.2Hz"},
+                                         {"B4", "493.9Hz"}, {"G4", "392.0Hz"},  {"D3", "146.8Hz"}};
     if (TuningCatalogue::contains(state_.chosenTuning)) {
         const Picture& pic = pictures[state_.chosenTuning - 1];
         screen_.ring1.image = "ring1.png";
@@ -136,7 +124,7 @@ void ViewController::demoMode() {
     const auto highlight = highlightFor(s_.device.idiom(), s_.device.screenHeight());
     if (!highlight)
         return;
-    highlightView(screen_, highlight->view).image = "1st" + std::string(highlight->suffix);
+    screen_.highlight(highlight->view).image = "1st" + std::string(highlight->suffix);
 }
 
 } // namespace uke

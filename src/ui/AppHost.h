@@ -7,8 +7,8 @@
 
 #include "OutletMap.h"
 #include "QmlAlertPresenter.h"
-#include "app/LayoutClass.h"
-#include "app/SharedState.h"
+#include "base/LayoutClass.h"
+#include "base/SharedState.h"
 #include "chords/ChordScreenModel.h"
 #include "platform/qt/QtPorts.h"
 #include "platform/qt/QtRunLoop.h"

@@ -2,7 +2,7 @@
 #include <QQmlPropertyMap>
 #include <QVariantMap>
 
-#include "app/Outlets.h"
+#include "base/Outlets.h"
 
 namespace uke {
 

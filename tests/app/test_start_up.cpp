@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "app/AppDelegate.h"
-#include "app/LayoutClass.h"
+#include "base/LayoutClass.h"
 #include "platform/virtual/VirtualPlatform.h"
 #include "rating/RatingPrompt.h"
 

@@ -6,7 +6,7 @@
 #include <deque>
 #include <memory>
 
-#include "app/SharedState.h"
+#include "base/SharedState.h"
 #include "chords/ChordCatalogue.h"
 #include "chords/ChordsViewController.h"
 #include "platform/virtual/VirtualPlatform.h"

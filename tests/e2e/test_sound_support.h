@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-#include "app/SharedState.h"
+#include "base/SharedState.h"
 #include "audio/MicListener.h"
 #include "support/FinePitch.h"
 #include "support/PulseServer.h"

@@ -15,7 +15,7 @@
 #include "audio/MicListener.h"
 #include "platform/virtual/Fakes.h"
 #include "support/FinePitch.h"
-#include "tuner/StringTargetTable.h"
+#include "base/StringTargetTable.h"
 #include "tuner/TuningCatalogue.h"
 
 namespace uke {

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "app/SharedState.h"
+#include "base/SharedState.h"
 #include "audio/PitchSource.h"
 #include "platform/virtual/VirtualPlatform.h"
 #include "rating/RatingPrompt.h"

@@ -11,7 +11,7 @@
 
 #include "AudioFile.h"
 #include "Commands.h"
-#include "app/SharedState.h"
+#include "base/SharedState.h"
 #include "support/SyntheticPluck.h"
 
 namespace uke::tool {

@@ -7,7 +7,7 @@
 #include <sstream>
 
 #include "Commands.h"
-#include "app/SharedState.h"
+#include "base/SharedState.h"
 
 namespace uke::tool {
 namespace {

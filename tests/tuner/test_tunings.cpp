@@ -1,5 +1,5 @@
 #include "support/TunerFixture.h"
-#include "tuner/StringTargetTable.h"
+#include "base/StringTargetTable.h"
 #include "tuner/TuningCatalogue.h"
 
 namespace uke {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/SharedState.h"
+#include "base/SharedState.h"
 #include "audio/MicListener.h"
 #include "support/RunningApp.h"
 

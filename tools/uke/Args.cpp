@@ -1,6 +1,6 @@
 #include "Args.h"
 
-#include "app/OutletJson.h"
+#include "base/OutletJson.h"
 
 #include <charconv>
 #include <cmath>

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "Args.h"
+#include "settings/FactorySettings.h"
 #include "settings/SettingsKeys.h"
 
 namespace uke::tool {
@@ -17,13 +18,8 @@ TunerSession::TunerSession(Services services, PitchSource& listener, const Tuner
 void TunerSession::start() {
     // A returning player whose stored calibration is the one asked for.
     auto& st = s_.settings;
-    st.setInteger(keys::SavedLanguage, 1);
-    st.setInteger(keys::savedSliderValue, 5);
-    st.setBool(keys::soundNotificationEnabled, true);
-    st.setBool(keys::stringSoundsEnabled, false);
-    st.setBool(keys::frequencyChartEnabled, true);
+    storeFactorySettings(st);
     st.setInteger(keys::savedA4Calibration, options_.a4);
-    st.setInteger(keys::numberOfRuns, 1);
     st.setBool(keys::NewLaunchOrvel, true);
     controller_->viewDidLoad();
     controller_->viewWillAppear();
@@ -61,8 +57,7 @@ std::string TunerSession::line(double seconds, bool beeped) const {
                   screen_.noteDisplay.text.empty() ? "-" : screen_.noteDisplay.text.c_str(),
                   led.image.rfind("green", 0) == 0 ? "green" : "yellow",
                   hl.hidden || hl.image.empty() ? "-" : hl.image.c_str(), ring(screen_.ring1, '1'),
-                  ring(screen_.ring2, '2'), ring(screen_.ring3, '3'), ring(screen_.ring4, '4'),
-                  beeped ? "  BEEP" : "");
+                  ring(screen_.ring2, '2'), ring(screen_.ring3, '3'), ring(screen_.ring4, '4'), beeped ? "  BEEP" : "");
     return buf;
 }
 

@@ -3,8 +3,8 @@
 #include <ostream>
 #include <string>
 
-#include "app/LayoutClass.h"
-#include "app/SharedState.h"
+#include "base/LayoutClass.h"
+#include "base/SharedState.h"
 #include "platform/Services.h"
 #include "rating/RatingPrompt.h"
 #include "sounds/ToneGenerator.h"

@@ -10,7 +10,7 @@
 #include "Args.h"
 #include "Commands.h"
 #include "sounds/ToneGenerator.h"
-#include "tuner/StringTargetTable.h"
+#include "base/StringTargetTable.h"
 #include "tuner/TuningCatalogue.h"
 
 #ifdef UKE_HAVE_QT

@@ -3,9 +3,9 @@
 
 #include "Args.h"
 #include "Commands.h"
-#include "platform/virtual/VirtualPlatform.h"
+#include "base/StringTargetTable.h"
 #include "platform/virtual/TsStringTable.h"
-#include "tuner/StringTargetTable.h"
+#include "platform/virtual/VirtualPlatform.h"
 #include "tuner/TuningCatalogue.h"
 
 namespace uke::tool {
@@ -42,8 +42,7 @@ int cmdTunings(const Words& words, std::ostream& out, std::ostream& err) {
                 out << (r ? ", " : "") << "{\"pitch\": " << jsonString(std::string(pitchName(rule.pitch)))
                     << ", \"label\": " << jsonString(std::string(rule.label)) << ", \"indication\": " << rule.indication
                     << ", \"slot\": " << rule.slot << ", \"target\": " << exactDouble(st.target)
-                    << ", \"low\": " << exactDouble(st.target - st.basis / 360.0)
-                    << ", \"high\": " << exactDouble(st.target + st.basis / 360.0) << "}";
+                    << ", \"low\": " << exactDouble(st.low()) << ", \"high\": " << exactDouble(st.high()) << "}";
             }
             out << "]}";
         }
@@ -63,9 +62,8 @@ int cmdTunings(const Words& words, std::ostream& out, std::ostream& err) {
         for (const MatchRule& rule : t.rules) {
             const StringTarget& st = targets[rule.pitch];
             std::snprintf(line, sizeof line, "   %-4s shows %-4s string %-2d slot %d  %9.4f Hz  [%9.4f, %9.4f]\n",
-                          std::string(pitchName(rule.pitch)).c_str(), std::string(rule.label).c_str(),
-                          rule.indication, rule.slot, st.target, st.target - st.basis / 360.0,
-                          st.target + st.basis / 360.0);
+                          std::string(pitchName(rule.pitch)).c_str(), std::string(rule.label).c_str(), rule.indication,
+                          rule.slot, st.target, st.low(), st.high());
             out << line;
         }
     }

@@ -3,7 +3,7 @@
 #include <atomic>
 #include <cstdint>
 
-#include "tuner/StringTargetTable.h"
+#include "base/StringTargetTable.h"
 
 namespace uke {
 

@@ -1,4 +1,4 @@
-#include "tuner/StringTargetTable.h"
+#include "base/StringTargetTable.h"
 
 namespace uke {
 

@@ -1,4 +1,4 @@
-#include "app/LayoutClass.h"
+#include "base/LayoutClass.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "app/OutletJson.h"
+#include "base/OutletJson.h"
 
 #include <charconv>
 #include <cmath>

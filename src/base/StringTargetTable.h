@@ -1,13 +1,18 @@
 #pragma once
 #include <array>
 
-#include "tuner/Pitch.h"
+#include "base/Pitch.h"
 
 namespace uke {
 
 struct StringTarget {
-    double target = 0.0;  // hertz
-    double basis = 0.0;   // tolerance basis, hertz: the window is target +/- basis/360
+    double target = 0.0; // hertz
+    double basis = 0.0;  // tolerance basis, hertz: the window is target +/- basis/360
+
+    // The in-tune window, edges included, in hertz.
+    double low() const { return target - basis / 360.0; }
+    double high() const { return target + basis / 360.0; }
+    bool contains(double hz) const { return low() <= hz && high() >= hz; }
 };
 
 // The seventeen calibrated reference pitches. All zero until the first recompute,

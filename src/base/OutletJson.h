@@ -2,7 +2,7 @@
 #include <string>
 #include <string_view>
 
-#include "app/Outlets.h"
+#include "base/Outlets.h"
 #include "platform/SettingsStore.h"
 
 namespace uke {
