@@ -2,11 +2,12 @@
 // the shape lookup, and the whole redraw with its two counter writes.
 #include <benchmark/benchmark.h>
 
+#include "app/TunerApp.h"
+#include "audio/PitchSource.h"
 #include "chords/ChordCatalogue.h"
 #include "chords/ChordShapeTable.h"
 #include "chords/ChordsViewController.h"
 #include "platform/virtual/VirtualPlatform.h"
-#include "rating/RatingPrompt.h"
 
 namespace {
 
@@ -22,16 +23,16 @@ void BM_ShapeLookup(benchmark::State& state) {
 BENCHMARK(BM_ShapeLookup);
 
 void BM_SelectRootAndRedraw(benchmark::State& state) {
+    uke::SilentPitchSource listener;
     uke::VirtualPlatform platform;
-    uke::SharedState shared;
-    uke::ChordScreenModel screen;
-    uke::RatingPrompt rating(platform.services());
-    uke::ChordsViewController controller(platform.services(), shared, screen, rating);
-    controller.ukuleleType = 1;
-    controller.selectedLanguage = 1;
-    controller.random = [](uint32_t) { return 0u; };
-    controller.showRatingPromptIfDue = [] {};
-    controller.viewDidLoad();
+    uke::TunerApp::Config config;
+    config.chordsWillLoad = [](uke::ChordsViewController& c) {
+        c.random = [](uint32_t) { return 0u; };
+        c.showRatingPromptIfDue = [] {};
+    };
+    uke::TunerApp app(platform.services(), listener, config);
+    app.openChords();
+    uke::ChordsViewController& controller = *app.chords();
     long row = 0;
     for (auto _ : state) {
         controller.didSelectRow(1, row);

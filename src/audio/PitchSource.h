@@ -14,4 +14,13 @@ public:
     virtual float frequency() = 0;
 };
 
+// A microphone in a silent room: for screens that need no audio (the tool's
+// scripted screen, the chord library's tests and benchmarks).
+class SilentPitchSource : public PitchSource {
+public:
+    void listen() override {}
+    float averagePower() override { return 0.0f; }
+    float frequency() override { return 0.0f; }
+};
+
 } // namespace uke

@@ -12,14 +12,9 @@
 #include <map>
 
 #include "ArtImageProvider.h"
-#include "app/AppDelegate.h"
 #include "audio/MicListener.h"
-#include "chords/ChordsViewController.h"
 #include "platform/qt/QtSettingsStore.h"
 #include "platform/qt/QtStringTable.h"
-#include "platform/virtual/TsStringTable.h"
-#include "rating/RatingPrompt.h"
-#include "sounds/ToneGenerator.h"
 #include "tuner/ViewController.h"
 
 namespace uke {
@@ -42,30 +37,29 @@ QString defaultResourcePath() {
 
 } // namespace
 
-AppHost::AppHost(Options options, QObject* parent)
-    : QObject(parent), options_(std::move(options)), device_(options_.device.idiom, options_.device.height) {
-    log_.quiet = options_.quietLog;
-    settings_ = std::make_unique<QtSettingsStore>(options_.settingsPath, log_);
-    QtStringTable& strings = qtStringsForLanguage(options_.language);
+std::unique_ptr<AppPorts> AppHost::qtPorts(const Options& options) {
+    auto ports = std::make_unique<AppPorts>();
+    ports->log.quiet = options.quietLog;
+    ports->settings = std::make_unique<QtSettingsStore>(options.settingsPath, ports->log);
+    QtStringTable& strings = qtStringsForLanguage(options.language);
     strings.installForViews();
-    strings_ = &strings;
-    capture_ = makeQtAudioCapture();
-    output_ = makeQtAudioOutput();
-    sounds_ = makeQtSoundPlayerFactory();
-    urls_ = makeQtUrlOpener();
-    network_ = makeQtNetworkProbe();
-    storeReview_ = makeQtStoreReview();
-    resourcePath_ = (options_.resourcePath.isEmpty() ? defaultResourcePath() : options_.resourcePath).toStdString();
+    ports->strings = &strings;
+    ports->device = std::make_unique<DeviceClassInfo>(options.device.idiom, options.device.height);
+    ports->capture = makeQtAudioCapture();
+    ports->output = makeQtAudioOutput();
+    ports->sounds = makeQtSoundPlayerFactory();
+    ports->urls = makeQtUrlOpener();
+    ports->network = makeQtNetworkProbe();
+    ports->storeReview = makeQtStoreReview();
+    ports->resourcePath = (options.resourcePath.isEmpty() ? defaultResourcePath() : options.resourcePath).toStdString();
+    return ports;
+}
 
-    tone_ = std::make_unique<ToneGenerator>();
-    rating_ = std::make_unique<RatingPrompt>(services());
-    MicListener::configure(*capture_, log_);
-    controller_ = std::make_unique<ViewController>(services(), state_, tunerModel_, *MicListener::sharedListener(),
-                                                   *tone_, *rating_);
-    controller_->makerUrl = UKE_MAKER_URL;
-    delegate_ = std::make_unique<AppDelegate>(
-        services(), *rating_, [this](const std::string& storyboard) { buildWindow(storyboard); }, UKE_APP_ID);
-    runLoop_.afterTask = [this] { sync(); };
+AppHost::AppHost(Options options, std::unique_ptr<AppPorts> ports, QObject* parent)
+    : QObject(parent), options_(std::move(options)), ports_(ports ? std::move(ports) : qtPorts(options_)) {
+    MicListener::configure(*ports_->capture, ports_->log);
+    app_ = std::make_unique<TunerApp>(ports_->services(), *MicListener::sharedListener());
+    ports_->runLoop.afterTask = [this] { sync(); };
     geometry_ = readJsonResource(":/art/geometry.json");
 }
 
@@ -73,29 +67,16 @@ AppHost::~AppHost() {
     // The listener outlives this host: let go of the capture before it is destroyed.
     MicListener::sharedListener()->stop();
     // The output stream must go idle before the app ends.
-    if (output_)
-        output_->stop();
-}
-
-Services AppHost::services() {
-    return Services{runLoop_, *settings_, *strings_, log_,    device_, *capture_, *output_,
-                    *sounds_, *urls_,     *network_, *storeReview_, alerts_, resourcePath_};
+    ports_->output->stop();
 }
 
 bool AppHost::start() {
-    delegate_->didFinishLaunchingWithOptions();
-    if (!delegate_->window()) {
-        // A class of no layout table still gets a usable window: the nearest layout.
-        const DeviceClass nearest = nearestLayoutClass(options_.device);
-        const auto storyboard = storyboardFor(nearest.idiom, nearest.height);
-        log_.log("No layout for " + options_.device.name() + "; using " + *storyboard + " (" + nearest.name() + ")");
-        buildWindow(*storyboard);
-    }
+    app_->start([this](const std::string& storyboard) { return buildWindow(storyboard); });
     sync();
     return window() != nullptr;
 }
 
-void AppHost::buildWindow(const std::string& storyboard) {
+bool AppHost::buildWindow(const std::string& storyboard) {
     const QVariantMap all = readJsonResource(":/layouts/layouts.json");
     layout_ = all.value(QString::fromStdString(storyboard)).toMap();
     layout_["name"] = QString::fromStdString(storyboard);
@@ -108,13 +89,10 @@ void AppHost::buildWindow(const std::string& storyboard) {
     sync();
     engine_->load(QUrl("qrc:/UkuleleTuner/Main.qml"));
     if (engine_->rootObjects().isEmpty()) {
-        log_.log("The tuner screen could not be loaded");
-        return;
+        ports_->log.log("The tuner screen could not be loaded");
+        return false;
     }
-    // The first screen of every layout is the tuner screen: it loads, then appears.
-    controller_->viewDidLoad();
-    controller_->viewWillAppear();
-    sync();
+    return true;
 }
 
 QQuickWindow* AppHost::window() const {
@@ -124,8 +102,8 @@ QQuickWindow* AppHost::window() const {
 }
 
 void AppHost::sync() {
-    tunerMap_.sync(tunerModel_);
-    chordsMap_.sync(chordModel_);
+    tunerMap_.sync(app_->tunerScreen());
+    chordsMap_.sync(app_->chordScreen());
     if (const bool hearing = MicListener::sharedListener()->isListening(); hearing != hearing_) {
         hearing_ = hearing;
         emit hearingChanged();
@@ -138,7 +116,8 @@ void AppHost::writeState() {
     QVariantMap outlets;
     for (const QString& key : tunerMap_.keys())
         outlets.insert(key, tunerMap_.value(key));
-    const QByteArray json = QJsonDocument::fromVariant(QVariantMap{{"outlets", outlets}}).toJson(QJsonDocument::Compact);
+    const QByteArray json =
+        QJsonDocument::fromVariant(QVariantMap{{"outlets", outlets}}).toJson(QJsonDocument::Compact);
     if (json == lastState_)
         return;
     lastState_ = json;
@@ -150,7 +129,7 @@ void AppHost::writeState() {
 }
 
 void AppHost::tunerAction(const QString& name, const QVariant& value) {
-    ViewController& c = *controller_;
+    ViewController& c = app_->tuner();
     static const std::map<QString, std::function<void(ViewController&, const QVariant&)>> actions = {
         {"showNextTuning", [](ViewController& v, const QVariant&) { v.showNextTuning(); }},
         {"showPreviousTuning", [](ViewController& v, const QVariant&) { v.showPreviousTuning(); }},
@@ -165,23 +144,24 @@ void AppHost::tunerAction(const QString& name, const QVariant& value) {
         {"play4thStringSound", [](ViewController& v, const QVariant&) { v.play4thStringSound(); }},
         {"micSensitivity", [](ViewController& v, const QVariant& x) { v.micSensitivity(x.toFloat()); }},
         {"setFrequencyValue", [](ViewController& v, const QVariant& x) { v.setFrequencyValue(x.toDouble()); }},
-        {"soundNotificationAction", [](ViewController& v, const QVariant& x) { v.soundNotificationAction(x.toBool()); }},
+        {"soundNotificationAction",
+         [](ViewController& v, const QVariant& x) { v.soundNotificationAction(x.toBool()); }},
         {"toggleStringSounds", [](ViewController& v, const QVariant& x) { v.toggleStringSounds(x.toBool()); }},
         {"toggleFreqChart", [](ViewController& v, const QVariant& x) { v.toggleFreqChart(x.toBool()); }},
-        {"didSelectRow",
-         [](ViewController& v, const QVariant& x) {
-             v.didSelectRow(x.toInt());
-             v.overrideDefaultLanguage();
-         }},
         {"reviewQuenby", [](ViewController& v, const QVariant&) { v.reviewQuenby(); }},
         {"redirectToMorvaneLabs", [](ViewController& v, const QVariant&) { v.redirectToMorvaneLabs(); }},
         {"disableTemporarilySoundConfirmation",
          [](ViewController& v, const QVariant&) { v.disableTemporarilySoundConfirmation(); }},
         {"enableSoundConfirmation", [](ViewController& v, const QVariant&) { v.enableSoundConfirmation(); }},
     };
+    if (name == QLatin1String("didSelectRow")) {
+        app_->selectLanguage(value.toInt());
+        sync();
+        return;
+    }
     const auto it = actions.find(name);
     if (it == actions.end()) {
-        log_.log("Unknown tuner action: " + name.toStdString());
+        ports_->log.log("Unknown tuner action: " + name.toStdString());
         return;
     }
     it->second(c, value);
@@ -189,23 +169,18 @@ void AppHost::tunerAction(const QString& name, const QVariant& value) {
 }
 
 void AppHost::openChords() {
-    if (chordsController_)
+    if (app_->chordsOpen())
         return;
-    chordModel_ = ChordScreenModel{};
-    chordsController_ = std::make_unique<ChordsViewController>(services(), state_, chordModel_, *rating_);
-    controller_->prepareForSegue("showChordsView", *chordsController_);
-    chordsController_->viewDidLoad();
+    app_->openChords();
     sync();
     emit chordsOpenChanged();
 }
 
 void AppHost::closeChords() {
-    if (!chordsController_)
+    if (!app_->chordsOpen())
         return;
-    chordsController_.reset();
+    app_->closeChords();
     emit chordsOpenChanged();
-    // Coming back makes the tuner screen appear again.
-    controller_->viewWillAppear();
     sync();
 }
 

@@ -5,28 +5,18 @@
 #include <QVariantMap>
 #include <memory>
 
+#include "AppPorts.h"
 #include "OutletMap.h"
-#include "QmlAlertPresenter.h"
+#include "app/TunerApp.h"
 #include "base/LayoutClass.h"
-#include "base/SharedState.h"
-#include "chords/ChordScreenModel.h"
-#include "platform/qt/QtPorts.h"
-#include "platform/qt/QtRunLoop.h"
-#include "tuner/TunerScreenModel.h"
 
 class QQuickWindow;
 
 namespace uke {
 
-class AppDelegate;
-class ChordsViewController;
-class QtSettingsStore;
-class RatingPrompt;
-class ToneGenerator;
 class ViewController;
-class StringTable;
 
-// Owns the core objects and the Qt ports of one running app, loads the QML views
+// Runs one app: builds the core's composition root on its ports, loads the QML views
 // and carries actions from the views to the controllers and outlets back.
 class AppHost : public QObject {
     Q_OBJECT
@@ -43,14 +33,16 @@ class AppHost : public QObject {
 public:
     struct Options {
         DeviceClass device;
-        QString language;       // empty: follow the system locale
-        QString settingsPath;   // empty: the standard location
-        QString resourcePath;   // empty: next to the program
-        QString stateOut;       // file rewritten with the tuner's outlets as they change
+        QString language;     // empty: follow the system locale
+        QString settingsPath; // empty: the standard location
+        QString resourcePath; // empty: next to the program
+        QString stateOut;     // file rewritten with the tuner's outlets as they change
         bool quietLog = false;
     };
 
-    explicit AppHost(Options options, QObject* parent = nullptr);
+    // Without ports, the Qt ones made from the options.
+    explicit AppHost(Options options, std::unique_ptr<AppPorts> ports = nullptr, QObject* parent = nullptr);
+    static std::unique_ptr<AppPorts> qtPorts(const Options& options);
     ~AppHost() override;
 
     // Runs start-up: the delegate builds the window and the tuner screen appears.
@@ -64,19 +56,20 @@ public:
 
     QObject* tuner() { return &tunerMap_; }
     QObject* chords() { return &chordsMap_; }
-    QObject* alert() { return &alerts_; }
+    QObject* alert() { return &ports_->alerts; }
     QVariantMap layout() const { return layout_; }
     QVariantMap geometry() const { return geometry_; }
     bool isPad() const { return options_.device.idiom == Idiom::Pad; }
-    bool chordsOpen() const { return chordsController_ != nullptr; }
+    bool chordsOpen() const { return app_->chordsOpen(); }
     bool hearing() const { return hearing_; }
 
-    ViewController& tunerController() { return *controller_; }
-    TunerScreenModel& tunerModel() { return tunerModel_; }
-    ChordScreenModel& chordModel() { return chordModel_; }
-    SharedState& state() { return state_; }
-    RatingPrompt& rating() { return *rating_; }
-    Log& log() { return log_; }
+    TunerApp& app() { return *app_; }
+    ViewController& tunerController() { return app_->tuner(); }
+    TunerScreenModel& tunerModel() { return app_->tunerScreen(); }
+    ChordScreenModel& chordModel() { return app_->chordScreen(); }
+    SharedState& state() { return app_->state(); }
+    RatingPrompt& rating() { return app_->rating(); }
+    Log& log() { return ports_->log; }
     // Pushes changed outlets to the views.
     void sync();
 
@@ -85,32 +78,12 @@ signals:
     void hearingChanged();
 
 private:
-    void buildWindow(const std::string& storyboard);
+    bool buildWindow(const std::string& storyboard);
     void writeState();
-    Services services();
 
     Options options_;
-    QtRunLoop runLoop_;
-    QtLog log_;
-    std::unique_ptr<QtSettingsStore> settings_;
-    const StringTable* strings_ = nullptr;
-    DeviceClassInfo device_;
-    std::unique_ptr<AudioCapture> capture_;
-    std::unique_ptr<AudioOutput> output_;
-    std::unique_ptr<SoundPlayerFactory> sounds_;
-    std::unique_ptr<UrlOpener> urls_;
-    std::unique_ptr<NetworkProbe> network_;
-    std::unique_ptr<StoreReview> storeReview_;
-    QmlAlertPresenter alerts_;
-
-    SharedState state_;
-    TunerScreenModel tunerModel_;
-    ChordScreenModel chordModel_;
-    std::unique_ptr<ToneGenerator> tone_;
-    std::unique_ptr<RatingPrompt> rating_;
-    std::unique_ptr<ViewController> controller_;
-    std::unique_ptr<ChordsViewController> chordsController_;
-    std::unique_ptr<AppDelegate> delegate_;
+    std::unique_ptr<AppPorts> ports_;
+    std::unique_ptr<TunerApp> app_;
 
     OutletMap tunerMap_;
     OutletMap chordsMap_;
@@ -118,7 +91,6 @@ private:
     QVariantMap geometry_;
     std::unique_ptr<QQmlApplicationEngine> engine_;
     QByteArray lastState_;
-    std::string resourcePath_;
     bool hearing_ = true;
 };
 

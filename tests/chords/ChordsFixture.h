@@ -1,16 +1,16 @@
 #pragma once
-// A chord screen on virtual ports, with a scripted random source and a counted
-// rating hook.
+// The chord screen opened from the app's composition root on virtual ports, with a
+// scripted random source and a counted rating hook.
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <memory>
+#include <optional>
 
-#include "base/SharedState.h"
+#include "app/TunerApp.h"
+#include "audio/PitchSource.h"
 #include "chords/ChordCatalogue.h"
 #include "chords/ChordsViewController.h"
 #include "platform/virtual/VirtualPlatform.h"
-#include "rating/RatingPrompt.h"
 
 namespace uke::test {
 
@@ -25,38 +25,53 @@ protected:
         // Localised root names that cannot be mistaken for any fixed naming system.
         for (std::string_view key : ChordCatalogue::rootKeys)
             platform.strings.set(std::string(key), "loc:" + std::string(key));
-        rating = std::make_unique<RatingPrompt>(platform.services());
+        TunerApp::Config config;
+        config.chordsWillLoad = [this](ChordsViewController& c) {
+            // Any chart and naming system, also those the tuner never hands over.
+            c.ukuleleType = chart;
+            c.selectedLanguage = language;
+            c.random = [this](uint32_t bound) {
+                bounds.push_back(bound);
+                if (randomDraws.empty())
+                    return 0u;
+                const uint32_t v = randomDraws.front();
+                randomDraws.pop_front();
+                return v;
+            };
+            c.showRatingPromptIfDue = [this] { ++ratingAsks; };
+        };
+        app.emplace(platform.services(), listener, config);
+        // The tuner under the chord library has appeared once, as in the app; what
+        // its launch logged and stored is not these tests' business.
+        app->start();
+        platform.runLoop.runPending();
+        platform.log.lines.clear();
+        platform.memoryStore.synchronizeCount = 0;
     }
 
-    // A fresh controller over the same store and process-wide state, as opening
-    // the screen again would make; the first chord is drawn from `draws`.
-    ChordsViewController& open(int64_t chart, int64_t language = 1, std::deque<uint32_t> draws = {0, 0}) {
-        controller.reset();
-        screen = ChordScreenModel{};
-        controller = std::make_unique<ChordsViewController>(platform.services(), state, screen, *rating);
-        controller->ukuleleType = chart;
-        controller->selectedLanguage = language;
+    // The chord screen opened again over the same store and process-wide state, on
+    // `chart`, naming roots in `naming` (the tuner always hands over 1); the first
+    // chord is drawn from `draws`.
+    ChordsViewController& open(int64_t chart, int64_t naming = 1, std::deque<uint32_t> draws = {0, 0}) {
+        app->closeChords();
+        this->chart = chart;
+        language = naming;
         randomDraws = std::move(draws);
-        controller->random = [this](uint32_t bound) {
-            bounds.push_back(bound);
-            if (randomDraws.empty())
-                return 0u;
-            const uint32_t v = randomDraws.front();
-            randomDraws.pop_front();
-            return v;
-        };
-        controller->showRatingPromptIfDue = [this] { ++ratingAsks; };
-        controller->viewDidLoad();
+        app->openChords();
+        controller = app->chords();
         return *controller;
     }
 
     long stored(const char* key) const { return platform.store->integerForKey(key); }
 
     VirtualPlatform platform;
-    SharedState state;
-    ChordScreenModel screen;
-    std::unique_ptr<RatingPrompt> rating;
-    std::unique_ptr<ChordsViewController> controller;
+    SilentPitchSource listener;
+    std::optional<TunerApp> app;
+    SharedState& state = app->state();
+    ChordScreenModel& screen = app->chordScreen();
+    ChordsViewController* controller = nullptr;
+    int64_t chart = 1;
+    int64_t language = 1;
     std::deque<uint32_t> randomDraws;
     std::vector<uint32_t> bounds;
     int ratingAsks = 0;

@@ -13,6 +13,7 @@
 #include <memory>
 
 #include "AppHost.h"
+#include "platform/virtual/Fakes.h"
 #include "support/QtApp.h"
 #include "support/QuickItems.h"
 
@@ -57,9 +58,9 @@ struct RunningApp {
     using Seed = std::function<void(QSettings&)>;
 
     // `seed` writes what an earlier run left in the store; an empty `resourcePath`
-    // means the sounds next to the program.
+    // means the sounds next to the program; without a microphone no input opens.
     explicit RunningApp(const char* device = "phone-844", const char* language = "en", const Seed& seed = {},
-                        const QString& resourcePath = {}) {
+                        const QString& resourcePath = {}, bool microphone = true) {
         ensureQtApp();
         if (seed) {
             QSettings ini(settingsPath(), QSettings::IniFormat);
@@ -71,7 +72,17 @@ struct RunningApp {
         o.resourcePath = resourcePath;
         o.quietLog = true;
         o.language = language;
-        host = std::make_unique<AppHost>(o);
+        // The views are tested on a virtual microphone and speaker: the machine's own
+        // devices must not decide a result.
+        auto ports = AppHost::qtPorts(o);
+        auto fakeCapture = std::make_unique<FakeAudioCapture>();
+        capture = fakeCapture.get();
+        capture->failToOpen = !microphone;
+        ports->capture = std::move(fakeCapture);
+        auto fakeOutput = std::make_unique<RecordingAudioOutput>();
+        output = fakeOutput.get();
+        ports->output = std::move(fakeOutput);
+        host = std::make_unique<AppHost>(o, std::move(ports));
         // Taps need the views laid out, which happens once the window is on screen.
         started = host->start() && QTest::qWaitForWindowExposed(host->window());
         settle(50);
@@ -104,6 +115,8 @@ struct RunningApp {
     }
 
     QTemporaryDir dir;
+    FakeAudioCapture* capture = nullptr;
+    RecordingAudioOutput* output = nullptr;
     std::unique_ptr<AppHost> host;
     bool started = false;
 };

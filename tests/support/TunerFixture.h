@@ -1,20 +1,19 @@
 #pragma once
-// A tuner screen on virtual ports: everything a controller test needs, fresh per test.
+// The app's composition root on virtual ports, fresh per test, with a listener
+// whose level and estimate the test sets.
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <optional>
 
-#include "base/SharedState.h"
+#include "app/TunerApp.h"
 #include "audio/PitchSource.h"
 #include "platform/virtual/VirtualPlatform.h"
 #include "rating/RatingPrompt.h"
 #include "sounds/ToneGenerator.h"
-#include "tuner/TunerScreenModel.h"
 #include "tuner/ViewController.h"
 
 namespace uke::test {
 
-// A listener whose level and estimate the test sets directly.
 class ScriptedPitchSource : public PitchSource {
 public:
     void listen() override { ++listenCount; }
@@ -32,16 +31,17 @@ public:
 
 class TunerFixture : public ::testing::Test {
 protected:
-    TunerFixture() { rebuild(); }
+    TunerFixture()
+        : app(std::in_place, platform.services(), listener), controller(&app->tuner()), state(app->state()),
+          screen(app->tunerScreen()), tone(app->tone()), rating(&app->rating()) {}
 
-    // Makes a fresh controller over the same store, as a relaunch of the app would.
+    // A fresh app over the same store, as a relaunch would make. It is built in the
+    // same place as the old one, so the references above name the new one's parts.
     void rebuild() {
-        controller.reset();
-        rating.reset();
-        state = SharedState{};
-        screen = TunerScreenModel{};
-        rating = std::make_unique<RatingPrompt>(platform.services());
-        controller = std::make_unique<ViewController>(platform.services(), state, screen, listener, tone, *rating);
+        app.reset();
+        app.emplace(platform.services(), listener);
+        controller = &app->tuner();
+        rating = &app->rating();
     }
     // The screen loads and appears, as at launch.
     void launch() {
@@ -63,12 +63,13 @@ protected:
     }
 
     VirtualPlatform platform;
-    SharedState state;
-    TunerScreenModel screen;
     ScriptedPitchSource listener;
-    ToneGenerator tone;
-    std::unique_ptr<RatingPrompt> rating;
-    std::unique_ptr<ViewController> controller;
+    std::optional<TunerApp> app;
+    ViewController* controller;
+    SharedState& state;
+    TunerScreenModel& screen;
+    ToneGenerator& tone;
+    RatingPrompt* rating;
 };
 
 } // namespace uke::test

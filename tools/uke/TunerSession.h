@@ -3,20 +3,16 @@
 #include <ostream>
 #include <string>
 
+#include "app/TunerApp.h"
 #include "base/LayoutClass.h"
-#include "base/SharedState.h"
 #include "platform/Services.h"
-#include "rating/RatingPrompt.h"
-#include "sounds/ToneGenerator.h"
-#include "tuner/TunerScreenModel.h"
-#include "tuner/ViewController.h"
 
 namespace uke::tool {
 
 struct TunerOptions {
     long tuning = 1;
     long a4 = 440;
-    std::optional<long> sensitivity;  // slider step moved to before listening
+    std::optional<long> sensitivity; // slider step moved to before listening
     DeviceClass device;
     bool json = false;
 };
@@ -34,20 +30,15 @@ public:
     // `beeped` says a confirmation beep started since the last call.
     void afterTick(double seconds, bool beeped);
 
-    TunerScreenModel& screen() { return screen_; }
+    TunerScreenModel& screen() { return app_.tunerScreen(); }
 
 private:
     std::string line(double seconds, bool beeped) const;
 
     Services s_;
-    PitchSource& listener_;
     TunerOptions options_;
     std::ostream& out_;
-    SharedState state_;
-    TunerScreenModel screen_;
-    ToneGenerator tone_;
-    std::unique_ptr<RatingPrompt> rating_;
-    std::unique_ptr<ViewController> controller_;
+    TunerApp app_;
     std::string lastShown_;
 };
 

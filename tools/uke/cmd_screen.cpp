@@ -9,14 +9,12 @@
 
 #include "Args.h"
 #include "Commands.h"
-#include "app/AppDelegate.h"
+#include "app/TunerApp.h"
+#include "audio/PitchSource.h"
 #include "base/LayoutClass.h"
 #include "base/OutletJson.h"
-#include "audio/PitchSource.h"
 #include "platform/virtual/TsStringTable.h"
 #include "platform/virtual/VirtualPlatform.h"
-#include "rating/RatingPrompt.h"
-#include "sounds/ToneGenerator.h"
 #include "tuner/TunerScreenModel.h"
 #include "tuner/TuningCatalogue.h"
 #include "tuner/ViewController.h"
@@ -24,14 +22,6 @@
 namespace uke::tool {
 
 namespace {
-
-// A microphone in a silent room.
-class SilentPitchSource : public PitchSource {
-public:
-    void listen() override {}
-    float averagePower() override { return 0.0f; }
-    float frequency() override { return 0.0f; }
-};
 
 enum class Kind { Next, Previous, Appear, SelectLanguage, Slider, Stepper, Switch, Wait };
 
@@ -181,8 +171,8 @@ std::string textOf(const Picker& o) {
     return "picker  row=" + std::to_string(o.selectedRow) + " rows=[" + rows + "]";
 }
 
-// The screen as the app builds it: the delegate picks the layout and its window
-// builder loads the tuner screen and makes it appear.
+// The app's start-up on virtual ports: the delegate picks the layout and the tuner
+// screen loads and appears.
 class ScreenRun {
 public:
     ScreenRun(const DeviceClass& device, const std::string& language, SettingsStore* store) {
@@ -191,40 +181,18 @@ public:
         if (store)
             platform.store = store;
         platform.strings.entries = stringsForLanguage(language).tables();
-        rating = std::make_unique<RatingPrompt>(platform.services());
-        controller = std::make_unique<ViewController>(platform.services(), state, screen, listener, tone, *rating);
-        controller->makerUrl = UKE_MAKER_URL;
-        delegate = std::make_unique<AppDelegate>(
-            platform.services(), *rating,
-            [this](const std::string&) {
-                controller->viewDidLoad();
-                controller->viewWillAppear();
-            },
-            UKE_APP_ID);
-        delegate->didFinishLaunchingWithOptions();
-        if (!delegate->window()) {
-            // As the app does for a class of no layout table: the nearest one serves.
-            const DeviceClass nearest = nearestLayoutClass(device);
-            const auto storyboard = storyboardFor(nearest.idiom, nearest.height);
-            platform.log.log("No layout for " + device.name() + "; using " + storyboard.value_or("?") + " (" +
-                             nearest.name() + ")");
-            controller->viewDidLoad();
-            controller->viewWillAppear();
-        }
+        app = std::make_unique<TunerApp>(platform.services(), listener);
+        app->start();
         platform.runLoop.runPending();
     }
 
     void apply(const Action& a) {
-        ViewController& c = *controller;
+        ViewController& c = app->tuner();
         switch (a.kind) {
         case Kind::Next: c.showNextTuning(); break;
         case Kind::Previous: c.showPreviousTuning(); break;
         case Kind::Appear: c.viewWillAppear(); break;
-        case Kind::SelectLanguage:
-            // As the app's picker does: the choice is stored, then applied.
-            c.didSelectRow(static_cast<long>(a.number));
-            c.overrideDefaultLanguage();
-            break;
+        case Kind::SelectLanguage: app->selectLanguage(static_cast<long>(a.number)); break;
         case Kind::Slider: c.micSensitivity(static_cast<float>(a.number)); break;
         case Kind::Stepper: c.setFrequencyValue(a.number); break;
         case Kind::Switch:
@@ -241,7 +209,7 @@ public:
     }
 
     void printJson(std::ostream& out) const {
-        out << "{\"outlets\": " << outletsJson(screen) << ", \"log\": [";
+        out << "{\"outlets\": " << outletsJson(app->tunerScreen()) << ", \"log\": [";
         for (size_t i = 0; i < platform.log.lines.size(); ++i)
             out << (i ? ", " : "") << jsonQuoted(platform.log.lines[i]);
         out << "], \"settings\": {";
@@ -255,7 +223,7 @@ public:
 
     void printText(std::ostream& out) const {
         out << "outlets:\n";
-        screen.forEachOutlet([&](const char* name, const auto& o) {
+        app->tunerScreen().forEachOutlet([&](const char* name, const auto& o) {
             std::string line = "  " + std::string(name);
             line.resize(std::max<size_t>(line.size() + 1, 28), ' ');
             out << line << textOf(o) << (o.hidden ? " hidden" : "") << "\n";
@@ -269,13 +237,8 @@ public:
     }
 
     VirtualPlatform platform;
-    SharedState state;
-    TunerScreenModel screen;
     SilentPitchSource listener;
-    ToneGenerator tone;
-    std::unique_ptr<RatingPrompt> rating;
-    std::unique_ptr<ViewController> controller;
-    std::unique_ptr<AppDelegate> delegate;
+    std::unique_ptr<TunerApp> app;
 };
 
 } // namespace

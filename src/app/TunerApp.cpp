@@ -1,0 +1,84 @@
+#include "app/TunerApp.h"
+
+#include "app/AppDelegate.h"
+#include "base/LayoutClass.h"
+#include "chords/ChordsViewController.h"
+#include "rating/RatingPrompt.h"
+#include "tuner/ViewController.h"
+
+namespace uke {
+
+TunerApp::TunerApp(Services services, PitchSource& listener) : TunerApp(services, listener, Config{}) {}
+
+TunerApp::TunerApp(Services services, PitchSource& listener, Config config) : s_(services), config_(std::move(config)) {
+    rating_ = std::make_unique<RatingPrompt>(s_);
+    tuner_ = std::make_unique<ViewController>(s_, state_, tunerScreen_, listener, tone_, *rating_);
+    tuner_->makerUrl = config_.makerUrl;
+    delegate_ = std::make_unique<AppDelegate>(
+        s_, *rating_,
+        [this](const std::string& storyboard) {
+            // The first screen of every layout is the tuner screen: it loads, then appears.
+            if (!buildWindow_ || buildWindow_(storyboard)) {
+                tuner_->viewDidLoad();
+                tuner_->viewWillAppear();
+            }
+        },
+        config_.appId);
+}
+
+TunerApp::~TunerApp() = default;
+
+std::string TunerApp::start(const WindowBuilder& buildWindow) {
+    buildWindow_ = buildWindow;
+    delegate_->didFinishLaunchingWithOptions();
+    if (delegate_->window())
+        return *delegate_->window();
+    // A class of no layout table still gets a usable window: the nearest layout.
+    const DeviceClass device{s_.device.idiom(), s_.device.screenHeight()};
+    const DeviceClass nearest = nearestLayoutClass(device);
+    const std::string storyboard = *storyboardFor(nearest.idiom, nearest.height);
+    s_.log.log("No layout for " + device.name() + "; using " + storyboard + " (" + nearest.name() + ")");
+    if (!buildWindow_ || buildWindow_(storyboard)) {
+        tuner_->viewDidLoad();
+        tuner_->viewWillAppear();
+    }
+    return storyboard;
+}
+
+void TunerApp::selectLanguage(long row) {
+    tuner_->didSelectRow(row);
+    tuner_->overrideDefaultLanguage();
+}
+
+void TunerApp::openChords() {
+    if (chords_)
+        return;
+    chordScreen_ = ChordScreenModel{};
+    chords_ = std::make_unique<ChordsViewController>(s_, state_, chordScreen_, *rating_);
+    tuner_->prepareForSegue("showChordsView", *chords_);
+    if (config_.chordsWillLoad)
+        config_.chordsWillLoad(*chords_);
+    chords_->viewDidLoad();
+}
+
+void TunerApp::closeChords() {
+    if (!chords_)
+        return;
+    chords_.reset();
+    tuner_->viewWillAppear();
+}
+
+const ImageView& TunerApp::shownHighlight() const {
+    const Idiom idiom = s_.device.idiom();
+    const double h = s_.device.screenHeight();
+    if (const auto variant = highlightFor(idiom, h))
+        return tunerScreen_.highlight(variant->view);
+    // A class of no table is laid out like its idiom's usual layouts.
+    return idiom == Idiom::Pad ? tunerScreen_.tunedStringiPad : tunerScreen_.tunedString5;
+}
+
+const ImageView& TunerApp::shownLamp() const {
+    return s_.device.idiom() == Idiom::Pad ? tunerScreen_.LEDDisplay128 : tunerScreen_.LEDDisplay;
+}
+
+} // namespace uke

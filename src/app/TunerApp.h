@@ -1,0 +1,87 @@
+#pragma once
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "base/SharedState.h"
+#include "chords/ChordScreenModel.h"
+#include "platform/Services.h"
+#include "sounds/ToneGenerator.h"
+#include "tuner/TunerScreenModel.h"
+
+namespace uke {
+
+class AppDelegate;
+class ChordsViewController;
+class PitchSource;
+class RatingPrompt;
+class ViewController;
+
+// The object graph of one running app on one bundle of ports: the process-wide
+// state, both screens' models and controllers, the tone generator, the rating
+// prompt and the delegate. The app, the tool, the benchmarks and the tests all build
+// this and nothing else, so a rule never lives in a front end's copy of the wiring.
+class TunerApp {
+public:
+    struct Config {
+        std::string appId = UKE_APP_ID;
+        std::string makerUrl = UKE_MAKER_URL;
+        // Runs on every new chord screen before it loads: tests script its random
+        // draws and count its rating asks here.
+        std::function<void(ChordsViewController&)> chordsWillLoad;
+    };
+    // Builds the window of a storyboard; false when it could not be built, and the
+    // tuner screen then does not load.
+    using WindowBuilder = std::function<bool(const std::string& storyboard)>;
+
+    TunerApp(Services services, PitchSource& listener);
+    TunerApp(Services services, PitchSource& listener, Config config);
+    ~TunerApp();
+    TunerApp(const TunerApp&) = delete;
+    TunerApp& operator=(const TunerApp&) = delete;
+
+    // Launch: the delegate configures the rating prompt and walks the layout table,
+    // the window is built and the tuner screen loads and appears. A device class of
+    // no table gets the nearest class's layout, and the log says so. Returns the
+    // storyboard the window was built from.
+    std::string start(const WindowBuilder& buildWindow = {});
+
+    // The naming picker: the choice is stored, then applied to the string names.
+    void selectLanguage(long row);
+
+    // The chord library covers the tuner while open; closing it makes the tuner
+    // screen appear again.
+    void openChords();
+    void closeChords();
+    bool chordsOpen() const { return chords_ != nullptr; }
+
+    ViewController& tuner() { return *tuner_; }
+    // Null while the chord library is closed.
+    ChordsViewController* chords() { return chords_.get(); }
+    TunerScreenModel& tunerScreen() { return tunerScreen_; }
+    const TunerScreenModel& tunerScreen() const { return tunerScreen_; }
+    ChordScreenModel& chordScreen() { return chordScreen_; }
+    SharedState& state() { return state_; }
+    RatingPrompt& rating() { return *rating_; }
+    AppDelegate& delegate() { return *delegate_; }
+    ToneGenerator& tone() { return tone_; }
+
+    // The string highlight and the lamp that this device class's layout shows.
+    const ImageView& shownHighlight() const;
+    const ImageView& shownLamp() const;
+
+private:
+    Services s_;
+    Config config_;
+    SharedState state_;
+    TunerScreenModel tunerScreen_;
+    ChordScreenModel chordScreen_;
+    ToneGenerator tone_;
+    std::unique_ptr<RatingPrompt> rating_;
+    std::unique_ptr<ViewController> tuner_;
+    std::unique_ptr<ChordsViewController> chords_;
+    std::unique_ptr<AppDelegate> delegate_;
+    WindowBuilder buildWindow_;
+};
+
+} // namespace uke
