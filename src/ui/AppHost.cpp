@@ -71,7 +71,7 @@ AppHost::AppHost(Options options, QObject* parent)
 
 AppHost::~AppHost() {
     // The listener outlives this host: let go of the capture before it is destroyed.
-    MicListener::sharedListener()->stop();
+    MicListener::detach(*capture_);
     // The output stream must go idle before the app ends.
     if (output_)
         output_->stop();
