@@ -1,44 +1,57 @@
 #pragma once
-#include <atomic>
 #include <cstdint>
+#include <memory>
 #include <mutex>
-#include <vector>
 
-#include <kiss_fftr.h>
-
+#include "audio/CaptureQueue.h"
+#include "audio/LevelMeter.h"
+#include "audio/PitchEstimator.h"
 #include "audio/PitchSource.h"
 #include "platform/AudioCapture.h"
 #include "platform/Log.h"
 
 namespace uke {
 
-// One channel of the capture level meter: linear amplitudes, 0.0 (silence) to
-// 1.0 (full scale).
-struct LevelMeterState {
-    float mAveragePower = 0.0f;
-    float mPeakPower = 0.0f;
-};
-
-// The process-wide microphone listener: owns the recording queue, keeps the latest
-// captured buffer, meters it, and estimates its fundamental frequency.
+// The process-wide microphone listener: the capture queue (CaptureQueue), the level
+// meter (LevelMeter), the latest captured buffer, and the pitch estimate of that
+// buffer (PitchEstimator). Its operations keep the names the tuner and the tool use
+// and hand each to the object that does it.
 //
-// Threads: the capture callback runs on the capture thread and only copies a buffer
-// in (under the listener's mutex) and updates the meter. Everything else, the
-// estimate in particular, runs on one thread at a time (the main thread in the app):
-// the analysis arrays are not locked.
+// Threads: the capture callback runs on the capture thread; it reads only its own
+// queue (whose port never changes), copies the buffer in under the listener's
+// mutex and meters it into atomics. configure() and detach() swap the whole queue
+// under a lock, so they never rewrite what a running callback reads. Everything
+// else, the estimate in particular, runs on one thread at a time (the main thread
+// in the app): the analysis arrays are not locked.
 class MicListener : public PitchSource {
 public:
-    static constexpr double kSampleRate = 14039.0; // hertz; the bin-to-hertz conversion depends on it
-    static constexpr uint32_t kBufferBytes = 8192; // 4096 samples, about 0.29 s
-    static constexpr int kBufferCount = 3;
-    static constexpr int kFftSize = 32768;
-    static constexpr int kBins = kFftSize / 2; // the Nyquist bin is left out
+    static constexpr double kSampleRate = CaptureQueue::kSampleRate;     // hertz
+    static constexpr uint32_t kBufferBytes = CaptureQueue::kBufferBytes; // bytes per capture buffer
+    static constexpr int kBufferCount = CaptureQueue::kBufferCount;      // capture buffers in circulation
+    static constexpr int kFftSize = PitchEstimator::kFftSize;            // samples per transform
+    static constexpr int kBins = PitchEstimator::kBins;                  // bins per spectrum
 
-    // Hands the listener its capture queue and log; called by the platform before
+    // Hands the listener its capture port and log; called by the platform before
     // the first sharedListener(). Calling it again (a test, a second analysis in the
     // tool) forgets the previous queue without touching it and starts over with no
     // queue and no stored buffer.
     static void configure(AudioCapture& capture, Log& log);
+    // The owner of a configured port calls this before destroying it: the queue on
+    // it, if any, is disposed of, and the listener forgets the port and its log
+    // (listen() then logs that no capture is configured). Any other port is left alone.
+    static void detach(AudioCapture& capture);
+    // configure() for as long as it lives, then detach().
+    class Attachment {
+    public:
+        Attachment(AudioCapture& capture, Log& log) : capture_(capture) { configure(capture, log); }
+        ~Attachment() { detach(capture_); }
+        Attachment(const Attachment&) = delete;
+        Attachment& operator=(const Attachment&) = delete;
+
+    private:
+        AudioCapture& capture_;
+    };
+
     static MicListener* sharedListener();
     // Makes the one instance; nullptr when it already exists.
     static MicListener* allocate();
@@ -52,7 +65,7 @@ public:
     void stop();
     bool isListening() const;
 
-    // Level.
+    // Level: nullptr and 0.0 while not listening.
     const LevelMeterState* levels();
     void updateLevels();
     float averagePower() override;
@@ -67,40 +80,30 @@ public:
     // Pitch estimate. Lengths are in bytes, counts in samples, results in hertz.
     void setAudioBuffer(const int16_t* samples, uint32_t length);
     float frequency() override;
-    float getFreqFromBuffer(const int16_t* samples, uint32_t length);
-    void performFFT(const int16_t* samples, uint32_t totalSamples);
-    void addHarmonics();
-    uint32_t findTopSpike();
-    // Hertz of a spectrum bin at the capture rate, with no interpolation.
-    float frequencyOfBin(uint32_t bin) const;
-    // The spectra of the last estimate: kBins linear magnitudes each (not decibels,
-    // whatever the name says).
-    double* freq_db() { return freq_db_; }
-    double* freq_db_harmonic() { return freq_db_harmonic_; }
-    double hamming_window(int16_t n, int16_t N);
-    void performWindow(int16_t* samples, uint32_t count);
+    float getFreqFromBuffer(const int16_t* samples, uint32_t length) { return estimator_.estimate(samples, length); }
+    void performFFT(const int16_t* samples, uint32_t totalSamples) { estimator_.performFFT(samples, totalSamples); }
+    void addHarmonics() { estimator_.addHarmonics(); }
+    uint32_t findTopSpike() { return estimator_.findTopSpike(); }
+    float frequencyOfBin(uint32_t bin) const { return estimator_.frequencyOfBin(bin); }
+    double* freq_db() { return estimator_.freq_db(); }
+    double* freq_db_harmonic() { return estimator_.freq_db_harmonic(); }
+    double hamming_window(int16_t n, int16_t N) { return PitchEstimator::hamming_window(n, N); }
+    void performWindow(int16_t* samples, uint32_t count) { PitchEstimator::performWindow(samples, count); }
 
 private:
     MicListener();
-    void onCapturedBuffer(int bufferId, const int16_t* samples, uint32_t byteSize);
-    void meter(const int16_t* samples, uint32_t count);
+    std::shared_ptr<CaptureQueue> queue() const;
+    // Puts `next` in place of the current queue and returns the one it replaced.
+    std::shared_ptr<CaptureQueue> replaceQueue(std::shared_ptr<CaptureQueue> next);
 
-    AudioCapture* capture_ = nullptr;
-    Log* log_ = nullptr;
-    std::vector<LevelMeterState> levels_;
-    std::atomic<bool> queue_{false};
-    AudioCapture::Format format_;
-    // The capture thread's meter reading of the latest buffer; levels_ copies it.
-    std::atomic<float> meterAverage_{0.0f};
-    std::atomic<float> meterPeak_{0.0f};
+    mutable std::mutex queueMutex_; // guards queue_, the pointer (the queue guards itself)
+    std::shared_ptr<CaptureQueue> queue_;
+    LevelMeter meter_;
 
     std::mutex mutex_; // guards audio_data_ and audio_data_len_
-    int16_t audio_data_[8192] = {};
+    int16_t audio_data_[kBufferBytes / 2] = {};
     uint32_t audio_data_len_ = 0;
-    kiss_fft_scalar in_fft_[kFftSize] = {};
-    kiss_fft_cpx out_fft_[kFftSize] = {};
-    double freq_db_[kBins] = {};
-    double freq_db_harmonic_[kBins] = {};
+    PitchEstimator estimator_{kSampleRate};
 };
 
 } // namespace uke

@@ -1,6 +1,9 @@
-// The listener's capture queue, its states and its level meter.
+// The listener: its capture queue's states, its level meter, and its estimate of
+// the stored buffer.
+#include <algorithm>
 #include <cmath>
-#include <set>
+#include <map>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -29,168 +32,151 @@ public:
         ++disposals;
         FakeAudioCapture::dispose();
     }
-    // Takes the oldest enqueued buffer out, as the queue does when it fills one.
-    int takeBuffer() {
-        const int id = enqueued.front();
-        enqueued.erase(enqueued.begin());
-        return id;
-    }
     Callback tap;
     int opens = 0, stops = 0, disposals = 0;
 };
 
 class Listener : public ::testing::Test {
 protected:
-    void SetUp() override {
-        MicListener::configure(capture, log);
-        listener = MicListener::sharedListener();
-        ASSERT_NE(listener, nullptr);
-    }
     TappedCapture capture;
     RecordingLog log;
-    MicListener* listener = nullptr;
+    MicListener::Attachment attached{capture, log};
+    MicListener* listener = MicListener::sharedListener();
+    const std::vector<int16_t> a4 = test::syntheticPluck(1027 * 14039.0 / 32768.0, 14039.0, 4096);
 };
 
-TEST_F(Listener, IsOneInstanceForTheProcess) {
-    EXPECT_EQ(MicListener::sharedListener(), listener);
-    EXPECT_EQ(MicListener::allocate(), nullptr);
-    EXPECT_EQ(MicListener::sharedListener(), listener);
-}
-
-TEST_F(Listener, BeforeListenNothingIsRead) {
-    EXPECT_FALSE(listener->isListening());
-    EXPECT_EQ(listener->averagePower(), 0.0f);
-    EXPECT_EQ(listener->peakPower(), 0.0f);
+TEST_F(Listener, ListenOpensA14039HzMonoQueueOfThree8192ByteBuffers) {
+    EXPECT_EQ(MicListener::allocate(), nullptr); // one instance per process
     EXPECT_EQ(listener->levels(), nullptr);
+    listener->getFreqFromBuffer(a4.data(), 8192);
+    // Nothing stored yet: 0 Hz, without running the transform over the last spectrum.
     EXPECT_EQ(listener->frequency(), 0.0f);
-    EXPECT_EQ(capture.opens, 0);
-}
-
-TEST_F(Listener, ListenOpensA14039HzMonoQueueWithThreeBuffers) {
+    EXPECT_GT(listener->freq_db()[1027], 1.0);
     listener->listen();
-    EXPECT_TRUE(listener->isListening());
     EXPECT_EQ(capture.format.sampleRate, 14039.0);
-    EXPECT_EQ(capture.format.channels, 1u);
-    EXPECT_EQ(capture.format.bitsPerChannel, 16u);
-    ASSERT_EQ(capture.bufferSizes.size(), 3u);
-    for (const auto& [id, bytes] : capture.bufferSizes)
-        EXPECT_EQ(bytes, 8192u);
-    EXPECT_EQ(capture.enqueued.size(), 3u);
-    EXPECT_EQ(capture.startCount, 1);
+    EXPECT_EQ(capture.format.channels * 100 + capture.format.bitsPerChannel, 116u);
+    EXPECT_EQ(capture.bufferSizes, (std::map<int, uint32_t>{{1, 8192}, {2, 8192}, {3, 8192}}));
     EXPECT_EQ(log.lines, std::vector<std::string>{"AudioQueueSetProperty error: 0"});
+    // A delivered buffer is stored, estimated on its bin, and enqueued again.
+    ASSERT_TRUE(capture.deliver(a4));
+    EXPECT_EQ(capture.enqueued, (std::vector<int>{2, 3, 1}));
+    EXPECT_EQ(listener->frequency(), listener->frequencyOfBin(1027));
 }
 
-TEST_F(Listener, EachDeliveredBufferIsStoredAndEnqueuedAgain) {
-    listener->listen();
-    const auto first = capture.enqueued.front();
-    ASSERT_TRUE(capture.deliver(test::syntheticPluck(392.0, 14039.0, 4096)));
-    EXPECT_EQ(capture.enqueued.size(), 3u);
-    EXPECT_EQ(capture.enqueued.back(), first);
-    EXPECT_NEAR(listener->frequency(), 392.0, 0.43);
-    for (int i = 0; i < 10; ++i)
-        ASSERT_TRUE(capture.deliver(std::vector<int16_t>(4096, 5)));
-    EXPECT_EQ(capture.bufferSizes.size(), 3u);
-}
+// One step of a scenario, and the state after it.
+struct Step {
+    const char* op; // listen, pause, stop, deliver, take (the port fills a buffer), give (hands it back)
+    bool listening;
+    int opens, starts, stops, disposals;
+    std::vector<int> enqueued;
+    bool stored; // the estimate reads the pluck
+};
 
-TEST_F(Listener, LevelIsRmsAndPeakOfTheLatestBlockOnALinearScale) {
-    listener->listen();
-    std::vector<int16_t> block(4096);
-    for (size_t i = 0; i < block.size(); ++i)
-        block[i] = (i % 2) ? 8192 : -8192;
-    block[100] = -16384;
-    ASSERT_TRUE(capture.deliver(block));
-    const double rms = std::sqrt((4095.0 * 8192.0 * 8192.0 + 16384.0 * 16384.0) / 4096.0) / 32768.0;
-    EXPECT_FLOAT_EQ(listener->averagePower(), static_cast<float>(rms));
-    EXPECT_FLOAT_EQ(listener->peakPower(), 0.5f);
-    const LevelMeterState* levels = listener->levels();
-    ASSERT_NE(levels, nullptr);
-    EXPECT_EQ(levels[0].mAveragePower, listener->averagePower());
-
-    ASSERT_TRUE(capture.deliver(std::vector<int16_t>(4096, -32768)));
-    EXPECT_EQ(listener->averagePower(), 1.0f);
-    EXPECT_EQ(listener->peakPower(), 1.0f);
-    ASSERT_TRUE(capture.deliver(std::vector<int16_t>(4096, 0)));
-    EXPECT_EQ(listener->averagePower(), 0.0f);
-    EXPECT_EQ(listener->peakPower(), 0.0f);
-}
-
-TEST_F(Listener, ShortBlockIsMeteredOverItsOwnLength) {
-    listener->listen();
-    ASSERT_TRUE(capture.deliver(std::vector<int16_t>(1000, 3276)));
-    EXPECT_NEAR(listener->averagePower(), 3276.0 / 32768.0, 1e-7);
-}
-
-TEST_F(Listener, PauseKeepsTheQueueAndReadsZero) {
-    listener->listen();
-    ASSERT_TRUE(capture.deliver(test::syntheticPluck(440.0, 14039.0, 4096)));
-    listener->pause();
-    EXPECT_FALSE(listener->isListening());
-    EXPECT_TRUE(capture.exists);
-    EXPECT_EQ(listener->averagePower(), 0.0f);
-    EXPECT_EQ(listener->levels(), nullptr);
-    // The last stored buffer still gives its estimate.
-    EXPECT_NEAR(listener->frequency(), 440.0, 0.43);
-
-    listener->pause();
-    EXPECT_EQ(capture.stops, 1);
-}
-
-TEST_F(Listener, PauseWhenNotListeningDoesNothing) {
-    listener->pause();
-    EXPECT_EQ(capture.stops, 0);
-    EXPECT_EQ(capture.opens, 0);
-}
-
-TEST_F(Listener, BufferReturnedWhilePausedLeavesCirculation) {
-    listener->listen();
-    const auto pluck = test::syntheticPluck(440.0, 14039.0, 4096);
-    const int id = capture.takeBuffer();
-    listener->pause();
-    capture.tap(id, pluck.data(), 8192);
-    EXPECT_EQ(capture.enqueued.size(), 2u);
-    EXPECT_EQ(listener->frequency(), 0.0f); // not stored either
-
-    // Listening again restarts the same queue without enqueuing anew.
-    listener->listen();
-    EXPECT_TRUE(listener->isListening());
-    EXPECT_EQ(capture.opens, 1);
-    EXPECT_EQ(capture.startCount, 2);
-    EXPECT_EQ(capture.bufferSizes.size(), 3u);
-    EXPECT_EQ(capture.enqueued.size(), 2u);
-    EXPECT_EQ(listener->averagePower(), 0.0f);
-}
-
-TEST_F(Listener, StopDisposesAndListenMakesAFreshQueue) {
-    listener->listen();
-    const std::set<int> old{capture.enqueued.begin(), capture.enqueued.end()};
-    listener->stop();
-    EXPECT_EQ(capture.disposals, 1);
-    EXPECT_FALSE(listener->isListening());
-    listener->stop();
-    EXPECT_EQ(capture.disposals, 1);
-
-    listener->listen();
-    EXPECT_TRUE(listener->isListening());
-    EXPECT_EQ(capture.opens, 2);
-    ASSERT_EQ(capture.enqueued.size(), 3u);
-    for (int id : capture.enqueued) {
-        EXPECT_FALSE(old.count(id)) << "buffer " << id << " was reused";
-        EXPECT_EQ(capture.bufferSizes[id], 8192u);
+TEST_F(Listener, QueueStates) {
+    const std::vector<std::pair<const char*, std::vector<Step>>> scenarios = {
+        {"PauseKeepsTheQueueAndItsLastBuffer",
+         {{"pause", false, 0, 0, 0, 0, {}, false},
+          {"listen", true, 1, 1, 0, 0, {1, 2, 3}, false},
+          {"deliver", true, 1, 1, 0, 0, {2, 3, 1}, true},
+          {"pause", false, 1, 1, 1, 0, {2, 3, 1}, true},
+          {"pause", false, 1, 1, 1, 0, {2, 3, 1}, true},
+          {"listen", true, 1, 2, 1, 0, {2, 3, 1}, true}}},
+        // A buffer that comes back while not listening leaves circulation, unstored.
+        {"BufferBackWhilePausedLeavesCirculation",
+         {{"listen", true, 1, 1, 0, 0, {1, 2, 3}, false},
+          {"take", true, 1, 1, 0, 0, {2, 3}, false},
+          {"pause", false, 1, 1, 1, 0, {2, 3}, false},
+          {"give", false, 1, 1, 1, 0, {2, 3}, false},
+          {"listen", true, 1, 2, 1, 0, {2, 3}, false}}},
+        {"StopDisposesAndListenMakesFreshBuffers",
+         {{"stop", false, 0, 0, 0, 0, {}, false},
+          {"listen", true, 1, 1, 0, 0, {1, 2, 3}, false},
+          {"stop", false, 1, 1, 0, 1, {}, false},
+          {"stop", false, 1, 1, 0, 1, {}, false},
+          {"listen", true, 2, 2, 0, 1, {4, 5, 6}, false}}},
+    };
+    for (const auto& [name, steps] : scenarios) {
+        TappedCapture port;
+        MicListener::Attachment attachedHere(port, log);
+        int taken = 0;
+        for (const Step& s : steps) {
+            const std::string op = s.op;
+            if (op == "listen")
+                listener->listen();
+            else if (op == "pause")
+                listener->pause();
+            else if (op == "stop")
+                listener->stop();
+            else if (op == "deliver")
+                ASSERT_TRUE(port.deliver(a4));
+            else if (op == "take") {
+                taken = port.enqueued.front();
+                port.enqueued.erase(port.enqueued.begin());
+            } else if (op == "give")
+                port.tap(taken, a4.data(), 8192);
+            const std::string at = std::string(name) + " after " + op;
+            EXPECT_EQ(listener->isListening(), s.listening) << at;
+            EXPECT_EQ((std::vector{port.opens, port.startCount, port.stops, port.disposals}),
+                      (std::vector{s.opens, s.starts, s.stops, s.disposals}))
+                << at;
+            EXPECT_EQ(port.enqueued, s.enqueued) << at;
+            EXPECT_EQ(listener->frequency() != 0.0f, s.stored) << at;
+        }
     }
-    EXPECT_EQ(log.count("AudioQueueSetProperty error: 0"), 2u);
+}
+
+TEST_F(Listener, LevelIsRmsAndPeakOfTheLatestBlockOverItsOwnLength) {
+    std::vector<int16_t> square(4096);
+    for (size_t i = 0; i < square.size(); ++i)
+        square[i] = (i % 2) ? 8192 : -8192;
+    square[100] = -16384;
+    const struct {
+        std::vector<int16_t> block;
+        double average, peak;
+    } cases[] = {
+        {square, std::sqrt((4095.0 * 8192.0 * 8192.0 + 16384.0 * 16384.0) / 4096.0) / 32768.0, 0.5},
+        {std::vector<int16_t>(4096, -32768), 1.0, 1.0},
+        {std::vector<int16_t>(4096, 0), 0.0, 0.0},
+        {std::vector<int16_t>(1000, 3276), 3276.0 / 32768.0, 3276.0 / 32768.0},
+    };
+    listener->listen();
+    for (const auto& c : cases) {
+        ASSERT_TRUE(capture.deliver(c.block));
+        EXPECT_FLOAT_EQ(listener->averagePower(), static_cast<float>(c.average)) << c.block.size();
+        EXPECT_FLOAT_EQ(listener->peakPower(), static_cast<float>(c.peak)) << c.block.size();
+        EXPECT_EQ(listener->levels()[0].mAveragePower, listener->averagePower());
+    }
+    listener->pause();
+    EXPECT_EQ(listener->levels(), nullptr);
+    EXPECT_EQ(listener->averagePower(), 0.0f);
 }
 
 TEST_F(Listener, MissingInputIsLoggedAndGivesNoReadings) {
     capture.failToOpen = true;
     capture.error = "no audio input device";
     listener->listen();
+    listener->stop();
     EXPECT_TRUE(log.contains("Error creating session: no audio input device"));
     EXPECT_FALSE(listener->isListening());
-    EXPECT_EQ(capture.startCount, 0);
-    EXPECT_EQ(listener->averagePower(), 0.0f);
-    EXPECT_EQ(listener->frequency(), 0.0f);
-    listener->stop();
+    EXPECT_EQ(capture.startCount + capture.disposals, 0);
+}
+
+TEST_F(Listener, ConfiguringAgainForgetsTheOldQueueAndDetachDisposesOnlyItsOwn) {
+    listener->listen();
+    TappedCapture next;
+    MicListener::configure(next, log);
+    capture.tap(1, a4.data(), 8192);
+    EXPECT_EQ(capture.enqueued, (std::vector<int>{1, 2, 3})); // not enqueued again, nor stored
+    EXPECT_EQ(capture.stops + capture.disposals + (listener->frequency() != 0.0f), 0);
+    listener->listen();
+    MicListener::detach(capture); // no longer the listener's port
     EXPECT_EQ(capture.disposals, 0);
+    EXPECT_TRUE(listener->isListening());
+    MicListener::detach(next);
+    EXPECT_EQ(next.disposals, 1);
+    listener->listen(); // no port any more
+    EXPECT_EQ(next.opens, 1);
+    EXPECT_FALSE(listener->isListening());
 }
 
 } // namespace

@@ -12,7 +12,7 @@ int replayThroughTuner(const std::vector<std::vector<int16_t>>& blocks, const Tu
     platform.device.idiomValue = options.device.idiom;
     platform.device.height = options.device.height;
     platform.resourcePath = "sounds";
-    MicListener::configure(platform.capture, platform.log);
+    const MicListener::Attachment attached(platform.capture, platform.log);
     MicListener* listener = MicListener::sharedListener();
     if (!listener) {
         err << "uke analyse: the listener could not be made\n";

@@ -27,7 +27,7 @@ std::string seconds(double t) {
 int analyseBlocks(const std::vector<std::vector<int16_t>>& blocks, bool json, std::ostream& out, std::ostream& err) {
     FakeAudioCapture capture;
     RecordingLog log;
-    MicListener::configure(capture, log);
+    const MicListener::Attachment attached(capture, log);
     MicListener* listener = MicListener::sharedListener();
     listener->listen();
     if (!listener->isListening()) {

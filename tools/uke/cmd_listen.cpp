@@ -60,7 +60,7 @@ int cmdListen(const Words& words, std::ostream& out, std::ostream& err) {
     Services services{loop,       virt.memoryStore, stringsForLanguage("en"), log,           virt.device,
                       *capture,   virt.output,      virt.sounds,              virt.urls,     virt.network,
                       virt.storeReview, virt.alerts, "sounds"};
-    MicListener::configure(*capture, log);
+    const MicListener::Attachment attached(*capture, log);
     MicListener* listener = MicListener::sharedListener();
     TunerSession session(services, *listener, options, out);
     session.start();
