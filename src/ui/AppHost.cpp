@@ -65,7 +65,7 @@ AppHost::AppHost(Options options, std::unique_ptr<AppPorts> ports, QObject* pare
 
 AppHost::~AppHost() {
     // The listener outlives this host: let go of the capture before it is destroyed.
-    MicListener::detach(*capture_);
+    MicListener::detach(*ports_->capture);
     // The output stream must go idle before the app ends.
     ports_->output->stop();
 }
