@@ -5,23 +5,43 @@ smallest screen that uses the layout; the screens centre them on larger ones.
 Run it after changing a number here: python3 resources/layouts/make_layouts.py"""
 import json
 import os
+import re
 
-# name: (smallest height, width, top inset, bottom inset, pad?)
-CLASSES = {
-    "Main_iPhone4s": (480, 320, 20, 0, False),
-    "Main_iPhone": (568, 320, 20, 0, False),
-    "Main_iPhone6": (667, 375, 20, 0, False),
-    "Main_iPhone6Plus": (736, 414, 20, 0, False),
-    "Main_iPhoneX": (812, 375, 44, 34, False),
-    "Main_iPhone12Pro": (844, 390, 47, 34, False),
-    "Main_iPhoneXSMax": (896, 414, 44, 34, False),
-    "Main_iPhone12ProMax": (912, 420, 47, 34, False),
-    "Main_iPad": (1024, 768, 20, 0, True),
-    "Main_iPad_Pro_10_5": (1080, 810, 24, 20, True),
-    "Main_iPad_Mini6": (1133, 744, 24, 20, True),
-    "Main_iPad_Pro_11": (1180, 820, 24, 20, True),
-    "Main_iPad_Pro": (1366, 1024, 24, 20, True),
+HERE = os.path.dirname(os.path.abspath(__file__))
+# The device classes are written once, in the core's table; each layout is sized
+# for the smallest class that uses it.
+TABLE = os.path.join(HERE, "..", "..", "src", "base", "LayoutClass.cpp")
+ROW = re.compile(r'\{(Phone|Pad), (\d+), (\d+), "(\w+)"')
+
+# name: (top inset, bottom inset)
+INSETS = {
+    "Main_iPhone4s": (20, 0),
+    "Main_iPhone": (20, 0),
+    "Main_iPhone6": (20, 0),
+    "Main_iPhone6Plus": (20, 0),
+    "Main_iPhoneX": (44, 34),
+    "Main_iPhone12Pro": (47, 34),
+    "Main_iPhoneXSMax": (44, 34),
+    "Main_iPhone12ProMax": (47, 34),
+    "Main_iPad": (20, 0),
+    "Main_iPad_Pro_10_5": (24, 20),
+    "Main_iPad_Mini6": (24, 20),
+    "Main_iPad_Pro_11": (24, 20),
+    "Main_iPad_Pro": (24, 20),
 }
+
+
+def classes():
+    """name: (smallest height, its width, top inset, bottom inset, pad?)"""
+    with open(TABLE) as f:
+        rows = ROW.findall(f.read())
+    out = {}
+    for idiom, height, width, name in rows:
+        if name not in out or int(height) < out[name][0]:
+            out[name] = (int(height), int(width), *INSETS[name], idiom == "Pad")
+    if set(out) != set(INSETS):
+        raise SystemExit("layouts and the device-class table disagree: %s" % sorted(set(out) ^ set(INSETS)))
+    return out
 
 
 def describe(height, width, top, bottom, pad):
@@ -67,9 +87,8 @@ def describe(height, width, top, bottom, pad):
 
 
 def main():
-    out = {name: describe(*spec) for name, spec in CLASSES.items()}
-    here = os.path.dirname(os.path.abspath(__file__))
-    with open(os.path.join(here, "layouts.json"), "w") as f:
+    out = {name: describe(*spec) for name, spec in classes().items()}
+    with open(os.path.join(HERE, "layouts.json"), "w") as f:
         json.dump(out, f, indent=1, sort_keys=True)
         f.write("\n")
 

@@ -7,41 +7,65 @@ namespace uke {
 
 namespace {
 
-struct Row {
-    double height;
-    double width;
-    const char* storyboard;
+using enum Idiom;
+using enum HighlightView;
+
+constexpr std::string_view kPlus = "_string_6plus.png";
+constexpr std::string_view kPadPro = "_string_iPad_Pro.png";
+constexpr std::string_view kPlusNeck = "_iPhone6Plus.png";
+// Every pad, even one of no table, has the same picker scale and neck picture.
+constexpr double kPadPicker = 0.9;
+constexpr std::string_view kPadNeck = "_iPad.png";
+
+// Only the four oldest phone sizes have a smaller picker, and only the original
+// phone families have neck pictures of their own: 812 and 896 use the 6 Plus one
+// while 844, 926 and the other newer heights keep the layout's standard picture.
+// Both gaps are intended.
+constexpr DeviceClassRow kRows[] = {
+    // idiom, height, width, storyboard, log after, highlight, its view, picker scale, neck
+    {Phone, 480, 320, "Main_iPhone4s", false, "_string.png", TunedString, 0.75, "_iPhone.png"},
+    {Phone, 568, 320, "Main_iPhone", false, "_string_5.png", TunedString5, 0.75, "_iPhone5.png"},
+    {Phone, 667, 375, "Main_iPhone6", false, "_string_6.png", TunedString5, 0.75, "_iPhone6.png"},
+    {Phone, 736, 414, "Main_iPhone6Plus", true, kPlus, TunedString5, 0.75, kPlusNeck},
+    {Phone, 812, 375, "Main_iPhoneX", true, kPlus, TunedString5, {}, kPlusNeck},
+    {Phone, 844, 390, "Main_iPhone12Pro", false, kPlus, TunedString5, {}, {}},
+    {Phone, 852, 393, "Main_iPhone12Pro", false, kPlus, TunedString5, {}, {}},
+    {Phone, 874, 402, "Main_iPhone12Pro", true, kPlus, TunedString5, {}, {}},
+    {Phone, 896, 414, "Main_iPhoneXSMax", true, kPlus, TunedString5, {}, kPlusNeck},
+    {Phone, 912, 420, "Main_iPhone12ProMax", false, kPlus, TunedString5, {}, {}},
+    {Phone, 926, 428, "Main_iPhone12ProMax", true, kPlus, TunedString5, {}, {}},
+    {Phone, 932, 430, "Main_iPhone12ProMax", false, kPlus, TunedString5, {}, {}},
+    {Phone, 956, 440, "Main_iPhone12ProMax", true, kPlus, TunedString5, {}, {}},
+    {Pad, 1024, 768, "Main_iPad", true, "_string_iPad.png", TunedStringiPad, kPadPicker, kPadNeck},
+    {Pad, 1080, 810, "Main_iPad_Pro_10_5", true, kPadPro, TunedStringiPad, kPadPicker, kPadNeck},
+    {Pad, 1112, 834, "Main_iPad_Pro_10_5", true, kPadPro, TunedStringiPad, kPadPicker, kPadNeck},
+    {Pad, 1133, 744, "Main_iPad_Mini6", false, kPadPro, TunedStringiPad, kPadPicker, kPadNeck},
+    {Pad, 1180, 820, "Main_iPad_Pro_11", false, kPadPro, TunedStringiPad, kPadPicker, kPadNeck},
+    {Pad, 1194, 834, "Main_iPad_Pro_11", false, kPadPro, TunedStringiPad, kPadPicker, kPadNeck},
+    {Pad, 1210, 834, "Main_iPad_Pro_11", true, kPadPro, TunedStringiPad, kPadPicker, kPadNeck},
+    {Pad, 1366, 1024, "Main_iPad_Pro", false, kPadPro, TunedStringiPad, kPadPicker, kPadNeck},
+    {Pad, 1376, 1032, "Main_iPad_Pro", false, kPadPro, TunedStringiPad, kPadPicker, kPadNeck},
 };
 
-const std::vector<Row>& phoneRows() {
-    static const std::vector<Row> rows = {
-        {480, 320, "Main_iPhone4s"},       {568, 320, "Main_iPhone"},         {667, 375, "Main_iPhone6"},
-        {736, 414, "Main_iPhone6Plus"},    {812, 375, "Main_iPhoneX"},        {844, 390, "Main_iPhone12Pro"},
-        {852, 393, "Main_iPhone12Pro"},    {874, 402, "Main_iPhone12Pro"},    {896, 414, "Main_iPhoneXSMax"},
-        {912, 420, "Main_iPhone12ProMax"}, {926, 428, "Main_iPhone12ProMax"}, {932, 430, "Main_iPhone12ProMax"},
-        {956, 440, "Main_iPhone12ProMax"},
-    };
-    return rows;
-}
-
-const std::vector<Row>& padRows() {
-    static const std::vector<Row> rows = {
-        {1024, 768, "Main_iPad"},          {1080, 810, "Main_iPad_Pro_10_5"}, {1112, 834, "Main_iPad_Pro_10_5"},
-        {1133, 744, "Main_iPad_Mini6"},    {1180, 820, "Main_iPad_Pro_11"},   {1194, 834, "Main_iPad_Pro_11"},
-        {1210, 834, "Main_iPad_Pro_11"},   {1366, 1024, "Main_iPad_Pro"},     {1376, 1032, "Main_iPad_Pro"},
-    };
-    return rows;
-}
-
-const std::vector<Row>* rowsFor(Idiom idiom) {
-    if (idiom == Idiom::Phone)
-        return &phoneRows();
-    if (idiom == Idiom::Pad)
-        return &padRows();
-    return nullptr;
+// The row of this idiom whose height is nearest to h; the first of equals wins.
+const DeviceClassRow* nearestRow(Idiom idiom, double h) {
+    const DeviceClassRow* best = nullptr;
+    for (const DeviceClassRow& r : kRows)
+        if (r.idiom == idiom && (!best || std::fabs(r.height - h) < std::fabs(best->height - h)))
+            best = &r;
+    return best;
 }
 
 } // namespace
+
+std::span<const DeviceClassRow> deviceClasses() { return kRows; }
+
+const DeviceClassRow* deviceClassFor(Idiom idiom, double height) {
+    for (const DeviceClassRow& r : kRows)
+        if (r.idiom == idiom && r.height == height)
+            return &r;
+    return nullptr;
+}
 
 std::optional<DeviceClass> DeviceClass::parse(std::string_view name) {
     const auto dash = name.find('-');
@@ -61,10 +85,7 @@ std::optional<DeviceClass> DeviceClass::parse(std::string_view name) {
     if (ec != std::errc{} || end != number.data() + number.size() || h < 200 || h > 4000)
         return std::nullopt;
     c.height = h;
-    const Row* best = nullptr;
-    for (const Row& r : *rowsFor(c.idiom))
-        if (!best || std::fabs(r.height - h) < std::fabs(best->height - h))
-            best = &r;
+    const DeviceClassRow* best = nearestRow(c.idiom, h);
     // Keep the aspect of the nearest known device for heights of no table.
     c.width = best->height == h ? best->width : std::round(best->width * h / best->height);
     return c;
@@ -75,59 +96,48 @@ std::string DeviceClass::name() const {
 }
 
 const std::vector<double>& layoutHeights(Idiom idiom) {
-    static const std::vector<double> phone = [] {
+    auto heights = [](Idiom of) {
         std::vector<double> v;
-        for (const Row& r : phoneRows())
-            v.push_back(r.height);
+        for (const DeviceClassRow& r : kRows)
+            if (r.idiom == of)
+                v.push_back(r.height);
         return v;
-    }();
-    static const std::vector<double> pad = [] {
-        std::vector<double> v;
-        for (const Row& r : padRows())
-            v.push_back(r.height);
-        return v;
-    }();
-    static const std::vector<double> none;
-    return idiom == Idiom::Phone ? phone : idiom == Idiom::Pad ? pad : none;
+    };
+    static const std::vector<double> phone = heights(Phone), pad = heights(Pad), none;
+    return idiom == Phone ? phone : idiom == Pad ? pad : none;
 }
 
 std::optional<std::string> storyboardFor(Idiom idiom, double height) {
-    if (const auto* rows = rowsFor(idiom))
-        for (const Row& r : *rows)
-            if (r.height == height)
-                return std::string(r.storyboard);
+    if (const DeviceClassRow* r = deviceClassFor(idiom, height))
+        return std::string(r->storyboard);
     return std::nullopt;
 }
 
 DeviceClass nearestLayoutClass(const DeviceClass& c) {
-    const auto* rows = rowsFor(c.idiom);
-    if (!rows)
-        rows = &phoneRows();
-    const Row* best = &rows->front();
-    for (const Row& r : *rows)
-        if (std::fabs(r.height - c.height) < std::fabs(best->height - c.height))
-            best = &r;
-    return DeviceClass{c.idiom == Idiom::Pad ? Idiom::Pad : Idiom::Phone, best->height, best->width};
+    const Idiom idiom = c.idiom == Pad ? Pad : Phone;
+    const DeviceClassRow* best = nearestRow(idiom, c.height);
+    return DeviceClass{idiom, best->height, best->width};
 }
 
-std::optional<HighlightVariant> highlightFor(Idiom idiom, double h) {
-    if (idiom == Idiom::Pad) {
-        if (h == 1024)
-            return HighlightVariant{"_string_iPad.png", HighlightView::TunedStringiPad};
-        for (double x : {1080.0, 1112.0, 1133.0, 1180.0, 1194.0, 1210.0, 1366.0, 1376.0})
-            if (h == x)
-                return HighlightVariant{"_string_iPad_Pro.png", HighlightView::TunedStringiPad};
-    } else if (idiom == Idiom::Phone) {
-        if (h == 480)
-            return HighlightVariant{"_string.png", HighlightView::TunedString};
-        if (h == 568)
-            return HighlightVariant{"_string_5.png", HighlightView::TunedString5};
-        if (h == 667)
-            return HighlightVariant{"_string_6.png", HighlightView::TunedString5};
-        for (double x : {736.0, 812.0, 844.0, 852.0, 874.0, 896.0, 912.0, 926.0, 932.0, 956.0})
-            if (h == x)
-                return HighlightVariant{"_string_6plus.png", HighlightView::TunedString5};
-    }
+std::optional<HighlightVariant> highlightFor(Idiom idiom, double height) {
+    if (const DeviceClassRow* r = deviceClassFor(idiom, height))
+        return HighlightVariant{r->highlightSuffix, r->highlightView};
+    return std::nullopt;
+}
+
+std::optional<double> pickerScaleFor(Idiom idiom, double height) {
+    if (const DeviceClassRow* r = deviceClassFor(idiom, height))
+        return r->pickerScale;
+    if (idiom == Pad)
+        return kPadPicker;
+    return std::nullopt;
+}
+
+std::optional<std::string_view> fretboardSuffixFor(Idiom idiom, double height) {
+    if (const DeviceClassRow* r = deviceClassFor(idiom, height))
+        return r->fretboardSuffix.empty() ? std::nullopt : std::optional(r->fretboardSuffix);
+    if (idiom == Pad)
+        return kPadNeck;
     return std::nullopt;
 }
 

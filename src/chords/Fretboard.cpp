@@ -1,5 +1,6 @@
 #include "chords/Fretboard.h"
 
+#include "base/LayoutClass.h"
 #include "chords/ChordCatalogue.h"
 
 namespace uke {
@@ -8,19 +9,8 @@ std::optional<std::string> Fretboard::pictureFor(int64_t chart, Idiom idiom, dou
     const std::string family(ChordCatalogue::fretboardFamily(chart));
     if (family.empty())
         return std::nullopt;
-    if (idiom == Idiom::Pad)
-        return family + "_iPad.png";
-    if (idiom != Idiom::Phone)
-        return std::nullopt;
-    const double h = screenHeight;
-    if (h == 480.0)
-        return family + "_iPhone.png";
-    if (h == 568.0)
-        return family + "_iPhone5.png";
-    if (h == 667.0)
-        return family + "_iPhone6.png";
-    if (h == 736.0 || h == 812.0 || h == 896.0)
-        return family + "_iPhone6Plus.png";
+    if (const auto suffix = fretboardSuffixFor(idiom, screenHeight))
+        return family + std::string(*suffix);
     return std::nullopt;
 }
 

@@ -11,11 +11,8 @@ void ViewController::loadPickerViewSettings() {
     picker.rows.clear();
     for (int i = 0; i < 6; ++i)
         picker.rows.push_back(s_.strings.localized("Lang" + std::to_string(i)));
-    const double h = s_.device.screenHeight();
-    if (s_.device.idiom() == Idiom::Pad)
-        picker.scale = 0.9;
-    else if (s_.device.idiom() == Idiom::Phone && (h == 480 || h == 568 || h == 667 || h == 736))
-        picker.scale = 0.75;
+    if (const auto scale = pickerScaleFor(s_.device.idiom(), s_.device.screenHeight()))
+        picker.scale = *scale;
 }
 
 long ViewController::numberOfRowsInComponent() const { return static_cast<long>(screen_.establecerIdioma.rows.size()); }

@@ -237,9 +237,8 @@ TEST_F(NamingOverride, PickerScaleFollowsTheDeviceClass) {
         Idiom idiom;
         double height;
         double scale;
-    } cases[] = {{Idiom::Pad, 1024, 0.9},   {Idiom::Pad, 1366, 0.9},   {Idiom::Phone, 480, 0.75},
-                 {Idiom::Phone, 568, 0.75}, {Idiom::Phone, 667, 0.75}, {Idiom::Phone, 736, 0.75},
-                 {Idiom::Phone, 812, 1.0},  {Idiom::Phone, 844, 1.0},  {Idiom::Other, 667, 1.0}};
+    } cases[] = {{Idiom::Pad, 1366, 0.9},   {Idiom::Pad, 777, 0.9},   {Idiom::Phone, 480, 0.75},
+                 {Idiom::Phone, 736, 0.75}, {Idiom::Phone, 812, 1.0}, {Idiom::Other, 667, 1.0}};
     for (const auto& c : cases) {
         setDevice(c.idiom, c.height);
         rebuild();
