@@ -1,6 +1,4 @@
 // String samples and the confirmation beep in the running app, heard on the speaker.
-#include <cstdio>
-
 #include "test_sound_support.h"
 #include "tuner/ViewController.h"
 
@@ -28,18 +26,12 @@ protected:
         ASSERT_GE(readings.size(), 3u);
         for (float f : readings)
             EXPECT_NEAR(f, target, target / 360.0) << name;
-        std::printf("sample %s: %.3f Hz on the speaker, tuner reads", name, hz);
-        for (float f : readings)
-            std::printf(" %.3f", static_cast<double>(f));
-        std::printf("\n");
     }
 };
 
-TEST_F(SamplesEndToEnd, FirstStringOfStandardTuningPlaysA4) {
+// Standard tuning's first string, then baritone double D's fourth, in one running app.
+TEST_F(SamplesEndToEnd, StringsPlayTheirRecordings) {
     expectNote(playString("play1stStringSound"), "A4.mp3", 440.0);
-}
-
-TEST_F(SamplesEndToEnd, BaritoneDoubleDPlaysD3FromTheFourthString) {
     for (int i = 1; i < 11; ++i)
         host->tunerAction("showNextTuning");
     ASSERT_EQ(host->state().chosenTuning, 11);
@@ -89,7 +81,6 @@ TEST_F(SamplesEndToEnd, ConfirmationBeepsOncePerStringUntilTheResetAboveTheTuner
         const std::vector<float> readings = tunerReadings(rec, first, first + 4096);
         ASSERT_EQ(readings.size(), 1u);
         EXPECT_GT(readings[0], 1000.0f);
-        std::printf("beep: %.2f s, tuner reads %.1f Hz\n", seconds, static_cast<double>(readings[0]));
     }
     // The second beep answers the call after the reset, not the silent repeat.
     const double apart = static_cast<double>(bursts[1].first - bursts[0].first) / kRecordRate;

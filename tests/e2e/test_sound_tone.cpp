@@ -72,10 +72,6 @@ TEST_F(ToneEndToEnd, TuningForkSheetSoundsA440AndStopSilencesIt) {
     ASSERT_GE(readings.size(), 3u);
     for (float f : readings)
         EXPECT_NEAR(f, 440.0, 440.0 / 360.0);
-    std::printf("tone A4: %.3f Hz on the speaker, peak %d, tuner reads", hz, peak);
-    for (float f : readings)
-        std::printf(" %.3f", static_cast<double>(f));
-    std::printf("\n");
 
     // Every panel has a Done button of that name: close this one by its own hand.
     QMetaObject::invokeMethod(item("tuningForkSheet"), "close");

@@ -1,5 +1,4 @@
 #include "RatingFixture.h"
-#include "platform/virtual/TsStringTable.h"
 
 namespace uke::test {
 namespace {
@@ -30,14 +29,6 @@ TEST_F(Conditions, SignificantEventsAtMinusOneNeverBlock) {
     rating->incrementSignificantEventCount();
     EXPECT_FALSE(rating->ratingConditionsHaveBeenMet());
     rating->incrementSignificantEventCount();
-    EXPECT_TRUE(rating->ratingConditionsHaveBeenMet());
-}
-
-TEST_F(Conditions, Reminder) {
-    seedMet(30.0);
-    store().setDouble(keys::kRatingPromptReminderRequestDate, now() - 1.5 * kDay);
-    EXPECT_FALSE(rating->ratingConditionsHaveBeenMet());
-    platform.runLoop.shiftEpoch(0.5 * kDay);
     EXPECT_TRUE(rating->ratingConditionsHaveBeenMet());
 }
 
@@ -208,16 +199,6 @@ TEST_F(Alert, TheDelegateCanHoldItBack) {
     EXPECT_EQ(platform.alerts.presentCount, 0);
     EXPECT_EQ(platform.storeReview.reviewRequests, 0);
     EXPECT_EQ(delegate.displayed, 0);
-}
-
-TEST_F(Alert, BuiltInEnglishTableHoldsEveryText) {
-    const TsStringTable* en = builtInStrings("en");
-    ASSERT_NE(en, nullptr);
-    for (const char* key : {"Rate %@", "No, Thanks", "Remind me later",
-                            "If you enjoy using %@, would you mind taking a moment to rate it? It won't take more "
-                            "than a minute. Thanks for your support!"})
-        EXPECT_EQ(en->lookup(key, RatingPrompt::kStringTable).value_or("(missing)"), key);
-    EXPECT_EQ(en->lookup("CFBundleDisplayName", RatingPrompt::kStringTable).value_or("(missing)"), "Ukulele Tuner");
 }
 
 using Store = RatingFixture;

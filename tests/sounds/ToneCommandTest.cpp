@@ -56,21 +56,16 @@ protected:
     std::ostringstream out, err;
 };
 
-TEST_F(ToneCommand, StringOfATuningIsTheAppsToneSampleForSample) {
-    const auto wav = dir / "a4.wav";
+// The printed summaries and every refusal are pinned by the tool's golden outputs.
+TEST_F(ToneCommand, WrittenFilesAreTheAppsToneSampleForSample) {
+    const auto wav = dir / "tone.wav";
     ASSERT_EQ(tone({"--tuning", "1", "--string", "1", "--seconds", "0.5", "--out", wav}), 0) << err.str();
     EXPECT_EQ(read(wav), rendered(440.0f, 1, 22050));
-    EXPECT_NE(out.str().find("A4 440.0000 Hz triangle, 22050 frames"), std::string::npos) << out.str();
-}
-
-TEST_F(ToneCommand, CalibrationAndWaveformChooseTheSignal) {
-    const auto wav = dir / "d3.wav";
-    // Tuning 11 string 4 is D3: 146.83238 Hz at A4 = 440, so 147.4998 Hz at 442.
+    // Tuning 11 string 4 is D3: 146.83238 Hz at A4 = 440.
     ASSERT_EQ(
         tone({"--tuning", "11", "--string", "4", "--a4", "442", "--wave", "square", "--frames", "3000", "--out", wav}),
         0)
         << err.str();
-    EXPECT_NE(out.str().find("D3 147.4998 Hz square"), std::string::npos) << out.str();
     EXPECT_EQ(read(wav), rendered(static_cast<float>(442.0 * 146.83238 / 440.0), 3, 3000));
 
     const std::pair<const char*, int64_t> waves[] = {{"sine", 0}, {"triangle", 1}, {"sawtooth", 2}, {"square", 3}};
@@ -78,39 +73,6 @@ TEST_F(ToneCommand, CalibrationAndWaveformChooseTheSignal) {
         ASSERT_EQ(tone({"--freq", "1000", "--wave", name, "--frames", "777", "--out", wav}), 0) << err.str();
         EXPECT_EQ(read(wav), rendered(1000.0f, code, 777)) << name;
     }
-}
-
-TEST_F(ToneCommand, BadInputIsOneLineAndExitTwo) {
-    const std::string wav = dir / "x.wav";
-    const std::vector<Words> bad = {
-        {"--freq", "440"},                                 // no --out
-        {"--tuning", "1", "--out", wav},                   // no string
-        {"--string", "2", "--out", wav},                   // no tuning
-        {"--tuning", "12", "--string", "1", "--out", wav}, // no such tuning
-        {"--tuning", "1", "--string", "5", "--out", wav},  // no such string
-        {"--tuning", "1", "--string", "1", "--freq", "440", "--out", wav},
-        {"--freq", "440", "--a4", "442", "--out", wav},
-        {"--freq", "abc", "--out", wav},
-        {"--freq", "-3", "--out", wav},
-        {"--freq", "440", "--wave", "noise", "--out", wav},
-        {"--freq", "440", "--seconds", "1", "--frames", "10", "--out", wav},
-        {"--freq", "440", "--seconds", "0", "--out", wav},
-        {"--freq", "440", "--frames", "0", "--out", wav},
-        {"--freq", "440", "--out", wav, "extra"},
-        {"--freq", "440", "--bogus", "--out", wav},
-        {"--freq", "440", "--out", (dir / "missing-dir" / "x.wav").string()},
-        {"--freq", "440", "--out", dir.string()},
-    };
-    for (const auto& words : bad) {
-        std::string joined;
-        for (const auto& w : words)
-            joined += w + " ";
-        EXPECT_EQ(tone(words), 2) << joined;
-        const std::string e = err.str();
-        EXPECT_TRUE(e.rfind("uke tone: ", 0) == 0 && e.find('\n') == e.size() - 1) << joined << "-> " << e;
-        EXPECT_TRUE(out.str().empty()) << joined;
-    }
-    EXPECT_FALSE(fs::exists(wav));
 }
 
 } // namespace

@@ -83,8 +83,6 @@ void killAndReap(pid_t pid, int signal) {
 
 } // namespace
 
-PulseServer::PulseServer() : PulseServer(Options{}) {}
-PulseServer::PulseServer(Options options) : options_(options) {}
 PulseServer::~PulseServer() { stop(); }
 
 bool PulseServer::toolsAvailable() { return onPath("pulseaudio") && onPath("pactl") && onPath("parec"); }
@@ -207,10 +205,9 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
     std::ofstream config(folder_ + "/server.pa");
     config << ".fail\n"
            << "load-module module-native-protocol-unix socket=" << folder_ << "/native auth-anonymous=1\n"
-           << "load-module module-null-sink sink_name=" << kSpeaker
-           << " format=s16le channels=1 rate=" << options_.speakerRate << "\n"
+           << "load-module module-null-sink sink_name=" << kSpeaker << " format=s16le channels=1 rate=" << kRate << "\n"
            << "load-module module-pipe-source source_name=" << kMicrophone << " file=" << fifoPath_
-           << " format=s16le channels=1 rate=" << options_.microphoneRate << "\n"
+           << " format=s16le channels=1 rate=" << kRate << "\n"
            << "set-default-sink " << kSpeaker << "\n"
            << "set-default-source " << kMicrophone << "\n";
     config.close();
@@ -263,21 +260,18 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
 void PulseServer::writerLoop() {
     // Real time in 10 ms slices, like a sound card: the pipe source itself would
     // take a whole recording at once.
-    const size_t slice = static_cast<size_t>(options_.microphoneRate / 100);
+    const size_t slice = static_cast<size_t>(kRate / 100);
     std::vector<int16_t> chunk;
     auto next = Clock::now();
     for (;;) {
         {
             std::unique_lock lock(mutex_);
-            if (!options_.microphoneSilence)
-                changed_.wait(lock, [this] { return stopping_ || !pending_.empty(); });
             if (stopping_)
                 return;
             const size_t n = std::min(slice, pending_.size());
             chunk.assign(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(n));
             pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(n));
-            if (options_.microphoneSilence)
-                chunk.resize(slice, 0);
+            chunk.resize(slice, 0);
             if (pending_.empty())
                 changed_.notify_all();
         }
@@ -298,7 +292,7 @@ void PulseServer::writerLoop() {
 }
 
 void PulseServer::writeToMicrophone(const std::vector<int16_t>& samples, int rate) {
-    const std::vector<int16_t> converted = resample(samples, rate, options_.microphoneRate);
+    const std::vector<int16_t> converted = resample(samples, rate, kRate);
     std::lock_guard lock(mutex_);
     pending_.insert(pending_.end(), converted.begin(), converted.end());
     changed_.notify_all();

@@ -27,19 +27,15 @@ namespace uke::test {
 
 class PulseServer {
 public:
-    struct Options {
-        int microphoneRate = 44100; // hertz, s16le mono
-        int speakerRate = 44100;    // hertz, s16le mono
-        // Keeps the microphone streaming silence between writes, as a real one would.
-        bool microphoneSilence = true;
-    };
+    // Both ends are s16le mono at this rate; the microphone streams silence between
+    // writes, as a real one would.
+    static constexpr int kRate = 44100;
 
     static constexpr const char* kMicrophone = "uke_microphone";
     static constexpr const char* kSpeaker = "uke_speaker";
     static constexpr const char* kSpeakerMonitor = "uke_speaker.monitor";
 
-    PulseServer();
-    explicit PulseServer(Options options);
+    PulseServer() = default;
     ~PulseServer();
     PulseServer(const PulseServer&) = delete;
     PulseServer& operator=(const PulseServer&) = delete;
@@ -55,7 +51,6 @@ public:
     const std::string& error() const { return error_; }
     // "unix:<folder>/native"
     const std::string& address() const { return address_; }
-    const std::string& folder() const { return folder_; }
     // The server's own log, for failure messages.
     std::string serverLog() const;
 
@@ -86,7 +81,6 @@ private:
     bool failWith(const std::string& message);
     void writerLoop();
 
-    Options options_;
     std::string folder_;
     std::string address_;
     std::string error_;
