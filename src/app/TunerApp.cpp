@@ -13,7 +13,7 @@ TunerApp::TunerApp(Services services, PitchSource& listener) : TunerApp(services
 TunerApp::TunerApp(Services services, PitchSource& listener, Config config) : s_(services), config_(std::move(config)) {
     rating_ = std::make_unique<RatingPrompt>(s_);
     tuner_ = std::make_unique<ViewController>(s_, state_, tunerScreen_, listener, tone_, *rating_);
-    tuner_->makerUrl = config_.makerUrl;
+    tuner_->setMakerUrl(config_.makerUrl);
     delegate_ = std::make_unique<AppDelegate>(
         s_, *rating_,
         [this](const std::string& storyboard) {

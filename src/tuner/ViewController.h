@@ -1,13 +1,20 @@
 #pragma once
-#include <atomic>
 #include <cstdint>
-#include <memory>
 #include <string>
 
-#include "base/SharedState.h"
 #include "audio/PitchSource.h"
+#include "base/SharedState.h"
 #include "platform/Services.h"
+#include "tuner/ConfirmationBeep.h"
+#include "tuner/NoteNamePicker.h"
+#include "tuner/ReviewHook.h"
+#include "tuner/SettingsPanel.h"
+#include "tuner/StringIndication.h"
 #include "tuner/TunerScreenModel.h"
+#include "tuner/TunerTick.h"
+#include "tuner/TuningDisplay.h"
+#include "tuner/TuningFork.h"
+#include "tuner/TuningNavigator.h"
 
 namespace uke {
 
@@ -15,10 +22,10 @@ class ChordsViewController;
 class RatingPrompt;
 class ToneGenerator;
 
-// The tuner screen: tunings and their targets, the tick, the in-tune indication,
-// reference sounds, the settings and about panels and the note names. Its
-// operations keep the names the screen logic has always used; the bodies are
-// spread over ViewController_*.cpp by concern.
+// The tuner screen. Each concern is an object of its own that keeps its state; the
+// controller wires them together, runs the screen's life cycle, and keeps every
+// operation under the name the screen logic has always used, forwarding to the
+// object that owns it.
 class ViewController {
 public:
     ViewController(Services services, SharedState& state, TunerScreenModel& screen, PitchSource& listener,
@@ -30,98 +37,87 @@ public:
     void viewWillAppear();
 
     // Tunings and targets.
-    void displayTunings();
-    void displayNotes();
-    void showNextTuning();
-    void showPreviousTuning();
+    void displayTunings() { tunings_.displayTunings(); }
+    void displayNotes() { tunings_.displayNotes(); }
+    void showNextTuning() { navigator_.showNextTuning(); }
+    void showPreviousTuning() { navigator_.showPreviousTuning(); }
 
     // Tick and indication.
-    void tickFree();
-    void displayTunedString(int64_t code);
-    void displayNoStrings();
-    void removeRings();
-    void resetTuningBools();
-    void resetFirstTuning();
-    void demoMode();
+    void tickFree() { tick_.tickFree(); }
+    void displayTunedString(int64_t code) { indication_.displayTunedString(code); }
+    void displayNoStrings() { indication_.displayNoStrings(); }
+    void removeRings() { indication_.removeRings(); }
+    void resetTuningBools() { beep_.resetTuningBools(); }
+    void resetFirstTuning() { beep_.resetFirstTuning(); }
+    void demoMode() { indication_.demoMode(); }
 
     // Reference tone.
-    void setupAudio();
-    void playA440Hz();
-    void playE329_6();
-    void playC261_6Hz();
-    void playG392Hz();
-    void stopFreqPlay();
+    void setupAudio() { fork_.setupAudio(); }
+    void playA440Hz() { fork_.playTone(1); }
+    void playE329_6() { fork_.playTone(2); }
+    void playC261_6Hz() { fork_.playTone(3); }
+    void playG392Hz() { fork_.playTone(4); }
+    void stopFreqPlay() { fork_.stopFreqPlay(); }
+    int64_t curTone() const { return fork_.curTone(); }
+    void setCurTone(int64_t wave) { fork_.setCurTone(wave); }
+    int64_t curPlayState() const { return fork_.curPlayState(); }
 
     // String samples and confirmation beep.
-    void play1stStringSound();
-    void play2ndStringSound();
-    void play3rdStringSound();
-    void play4thStringSound();
-    void prepareBeepSound();
-    void play1stSoundOnce();
-    void play2ndSoundOnce();
-    void play3rdSoundOnce();
-    void play4thSoundOnce();
-    void disableTemporarilySoundConfirmation();
-    void enableSoundConfirmation();
+    void play1stStringSound() { fork_.playStringSound(1); }
+    void play2ndStringSound() { fork_.playStringSound(2); }
+    void play3rdStringSound() { fork_.playStringSound(3); }
+    void play4thStringSound() { fork_.playStringSound(4); }
+    void prepareBeepSound() { beep_.prepareBeepSound(); }
+    void play1stSoundOnce() { beep_.playSoundOnce(1); }
+    void play2ndSoundOnce() { beep_.playSoundOnce(2); }
+    void play3rdSoundOnce() { beep_.playSoundOnce(3); }
+    void play4thSoundOnce() { beep_.playSoundOnce(4); }
+    void disableTemporarilySoundConfirmation() { fork_.disableTemporarilySoundConfirmation(); }
+    void enableSoundConfirmation() { fork_.enableSoundConfirmation(); }
 
     // Settings and about panels.
-    void micSensitivity(float sliderValue);
-    void setFrequencyValue(double stepperValue);
-    void soundNotificationAction(bool on);
-    void toggleStringSounds(bool on);
-    void toggleFreqChart(bool on);
-    void localizeSettings();
-    void prepareForSegue(const std::string& identifier, ChordsViewController& destination);
-    void reviewQuenby();
-    void redirectToMorvaneLabs();
+    void micSensitivity(float sliderValue) { settings_.micSensitivity(sliderValue); }
+    void setFrequencyValue(double stepperValue) { settings_.setFrequencyValue(stepperValue); }
+    void soundNotificationAction(bool on) { settings_.soundNotificationAction(on); }
+    void toggleStringSounds(bool on) { settings_.toggleStringSounds(on); }
+    void toggleFreqChart(bool on) { settings_.toggleFreqChart(on); }
+    void localizeSettings() { settings_.localizeSettings(); }
+    void prepareForSegue(const std::string& identifier, ChordsViewController& destination) {
+        navigator_.prepareForSegue(identifier, destination);
+    }
+    void reviewQuenby() { settings_.reviewQuenby(); }
+    void redirectToMorvaneLabs() { settings_.redirectToMorvaneLabs(); }
+    void setMakerUrl(std::string url) { settings_.setMakerUrl(std::move(url)); }
 
     // Language picker and note names.
-    void loadPickerViewSettings();
+    void loadPickerViewSettings() { notes_.loadPickerViewSettings(); }
     long numberOfComponentsInPickerView() const { return 1; }
-    long numberOfRowsInComponent() const;
-    std::string titleForRow(long row) const;
-    void didSelectRow(long row);
-    void localizeNotes();
-    void overrideDefaultLanguage();
+    long numberOfRowsInComponent() const { return notes_.numberOfRowsInComponent(); }
+    std::string titleForRow(long row) const { return notes_.titleForRow(row); }
+    void didSelectRow(long row) { notes_.didSelectRow(row); }
+    void localizeNotes() { notes_.localizeNotes(); }
+    void overrideDefaultLanguage() { notes_.overrideDefaultLanguage(); }
 
     // Rating hook.
-    void promptToReview();
-
-    // Tone properties.
-    std::atomic<int64_t> curTone{1};
-    int64_t curPlayState = 1;
-    int64_t curToneType = 0;
-    float harmPct = 0.0f;
-    float outGain = 0.0f;
-
-    // Left by the tick for the next one.
-    double lastFrequency = 0.0;
-    std::string lastTunedFrequencyText;
-    std::string lastTunedNoteText;
-
-    // Address opened by the about panel's maker button.
-    std::string makerUrl;
+    void promptToReview() { review_.promptToReview(); }
 
     TunerScreenModel& screen() { return screen_; }
     SharedState& state() { return state_; }
 
 private:
-    void ApplyPersistedSettings();
-    void ResetToFactorySettings();
-    void playTone(int string);
-    void playStringSound(int string);
-    void playSoundOnce(int string);
-
     Services s_;
     SharedState& state_;
     TunerScreenModel& screen_;
-    PitchSource& listener_;
-    ToneGenerator& tone_;
-    RatingPrompt& rating_;
-    std::shared_ptr<SoundPlayer> stringPlayer_;
-    std::shared_ptr<SoundPlayer> beepSoundPlayer_;
-    bool timerScheduled_ = false;
+    // In dependency order: each object is built after the ones it calls.
+    TuningDisplay tunings_;
+    StringIndication indication_;
+    ReviewHook review_;
+    ConfirmationBeep beep_;
+    TunerTick tick_;
+    TuningFork fork_;
+    NoteNamePicker notes_;
+    SettingsPanel settings_;
+    TuningNavigator navigator_;
 };
 
 } // namespace uke

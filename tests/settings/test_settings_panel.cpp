@@ -177,7 +177,7 @@ TEST_F(SettingsPanel, SegueHandsOnTheChartButAlwaysLetterNames) {
 TEST_F(SettingsPanel, MakerButtonOpensTheMakersSite) {
     launch();
     controller->redirectToMorvaneLabs();
-    controller->makerUrl = "http://127.0.0.1:9/maker";
+    controller->setMakerUrl("http://127.0.0.1:9/maker");
     controller->redirectToMorvaneLabs();
     EXPECT_EQ(platform.urls.opened, (std::vector<std::string>{UKE_MAKER_URL, "http://127.0.0.1:9/maker"}));
 }

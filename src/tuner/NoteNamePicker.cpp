@@ -1,37 +1,39 @@
-// The naming-system picker and the note texts of the strings.
+#include "tuner/NoteNamePicker.h"
+
+#include "base/LayoutClass.h"
+#include "platform/Log.h"
 #include "settings/NoteNaming.h"
 #include "settings/SettingsKeys.h"
 #include "tuner/TuningCatalogue.h"
-#include "tuner/ViewController.h"
 
 namespace uke {
 
-void ViewController::loadPickerViewSettings() {
+void NoteNamePicker::loadPickerViewSettings() {
     Picker& picker = screen_.establecerIdioma;
     picker.rows.clear();
     for (int i = 0; i < 6; ++i)
-        picker.rows.push_back(s_.strings.localized("Lang" + std::to_string(i)));
-    if (const auto scale = pickerScaleFor(s_.device.idiom(), s_.device.screenHeight()))
+        picker.rows.push_back(strings_.localized("Lang" + std::to_string(i)));
+    if (const auto scale = pickerScaleFor(device_.idiom(), device_.screenHeight()))
         picker.scale = *scale;
 }
 
-long ViewController::numberOfRowsInComponent() const { return static_cast<long>(screen_.establecerIdioma.rows.size()); }
+long NoteNamePicker::numberOfRowsInComponent() const { return static_cast<long>(screen_.establecerIdioma.rows.size()); }
 
-std::string ViewController::titleForRow(long row) const {
+std::string NoteNamePicker::titleForRow(long row) const {
     const auto& rows = screen_.establecerIdioma.rows;
     return row >= 0 && static_cast<size_t>(row) < rows.size() ? rows[static_cast<size_t>(row)] : std::string{};
 }
 
-void ViewController::didSelectRow(long row) {
+void NoteNamePicker::didSelectRow(long row) {
     if (row < 0 || row > 5)
         return;
     screen_.establecerIdioma.selectedRow = static_cast<int>(row);
     state_.languageIndex = row;
-    s_.settings.setInteger(keys::SavedLanguage, row);
-    s_.settings.synchronize();
+    settings_.setInteger(keys::SavedLanguage, row);
+    settings_.synchronize();
 }
 
-void ViewController::localizeNotes() {
+void NoteNamePicker::localizeNotes() {
     if (!TuningCatalogue::contains(state_.chosenTuning))
         return;
     const Tuning& t = TuningCatalogue::tuning(state_.chosenTuning);
@@ -46,18 +48,18 @@ void ViewController::localizeNotes() {
             chart[i]->text = name + format(" = %.1fHz", state_.targets[t.strings[i]].target);
         buttons[i]->title = name;
     }
-    screen_.calibrationLabel.text = s_.strings.localized("CalibrationTitle");
-    screen_.hZLabel.text = s_.strings.localized("HzTitle");
+    screen_.calibrationLabel.text = strings_.localized("CalibrationTitle");
+    screen_.hZLabel.text = strings_.localized("HzTitle");
 }
 
-void ViewController::overrideDefaultLanguage() {
+void NoteNamePicker::overrideDefaultLanguage() {
     const int64_t tuning = state_.chosenTuning;
     if (tuning != 1 && tuning != 2)
         return;
     // Both the stored row and this process's row must agree: after a relaunch the
     // process starts at row 1 while the store keeps the old choice, and then the
     // letters of localizeNotes stay. Deliberate.
-    const long saved = s_.settings.integerForKey(keys::SavedLanguage);
+    const long saved = settings_.integerForKey(keys::SavedLanguage);
     const long row = state_.languageIndex;
     if (row != saved)
         return;
@@ -67,7 +69,7 @@ void ViewController::overrideDefaultLanguage() {
         // Every label gets octave 4, also the three tuning-2 strings that sound in octave 3.
         const auto& noteKeys = deviceLanguageNoteKeys(tuning);
         for (size_t i = 0; i < 4; ++i)
-            notes[i]->text = fillObjectFormat(s_.strings.localized(noteKeys[i]), "4");
+            notes[i]->text = fillObjectFormat(strings_.localized(noteKeys[i]), "4");
         return;
     }
     const NamedStrings* named = namedStrings(row, tuning);
