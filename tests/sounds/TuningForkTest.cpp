@@ -49,21 +49,16 @@ std::string fileOf(const std::string& note) {
 class TuningFork : public TunerFixture {
 protected:
     TuningFork() { launch(); }
+    using Action = void (ViewController::*)();
     void press(int button) {
-        switch (button) {
-        case 1: controller->playA440Hz(); break;
-        case 2: controller->playE329_6(); break;
-        case 3: controller->playC261_6Hz(); break;
-        case 4: controller->playG392Hz(); break;
-        }
+        static constexpr Action tones[4] = {&ViewController::playA440Hz, &ViewController::playE329_6,
+                                            &ViewController::playC261_6Hz, &ViewController::playG392Hz};
+        (controller.get()->*tones[button - 1])();
     }
     void pressString(int button) {
-        switch (button) {
-        case 1: controller->play1stStringSound(); break;
-        case 2: controller->play2ndStringSound(); break;
-        case 3: controller->play3rdStringSound(); break;
-        case 4: controller->play4thStringSound(); break;
-        }
+        static constexpr Action samples[4] = {&ViewController::play1stStringSound, &ViewController::play2ndStringSound,
+                                              &ViewController::play3rdStringSound, &ViewController::play4thStringSound};
+        (controller.get()->*samples[button - 1])();
     }
     void calibrate(long a4) {
         platform.memoryStore.setInteger("savedA4Calibration", a4);
