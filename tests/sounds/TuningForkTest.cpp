@@ -53,12 +53,12 @@ protected:
     void press(int button) {
         static constexpr Action tones[4] = {&ViewController::playA440Hz, &ViewController::playE329_6,
                                             &ViewController::playC261_6Hz, &ViewController::playG392Hz};
-        (controller.get()->*tones[button - 1])();
+        ((*controller).*tones[button - 1])();
     }
     void pressString(int button) {
         static constexpr Action samples[4] = {&ViewController::play1stStringSound, &ViewController::play2ndStringSound,
                                               &ViewController::play3rdStringSound, &ViewController::play4thStringSound};
-        (controller.get()->*samples[button - 1])();
+        ((*controller).*samples[button - 1])();
     }
     void calibrate(long a4) {
         platform.memoryStore.setInteger("savedA4Calibration", a4);
