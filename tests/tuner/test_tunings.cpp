@@ -7,42 +7,15 @@ namespace {
 
 using test::TunerFixture;
 
-TEST(StringTargets, ExactRatiosAtTwoCalibrations) {
+// Every target and window at 440 and 442 Hz is compared exactly with `uke tunings`
+// in the tool's golden outputs; here only what those cannot show.
+TEST(StringTargets, ZeroUntilTheFirstRecomputeAndRatiosAsWritten) {
     StringTargetTable t;
-    EXPECT_EQ(t[Pitch::A4].target, 0.0) << "targets stay zero until the first recompute";
+    EXPECT_EQ(t[Pitch::A4].target, 0.0);
+    EXPECT_TRUE(t[Pitch::A4].contains(0.0)) << "before any calibration only 0 Hz matches";
     t.recompute(440.0);
-    EXPECT_EQ(t[Pitch::A4].target, 440.0);
-    EXPECT_EQ(t[Pitch::A3].target, 440.0 * 0.5000000000016722);
     EXPECT_NE(t[Pitch::A3].target, 220.0) << "the literal is not exactly one half";
-    EXPECT_EQ(t[Pitch::Ds4].target, 440.0 * 0.70710678118773);
-    EXPECT_EQ(t[Pitch::As4].target, 440.0 * 1.059463094359);
-    for (size_t i = 0; i < kPitchCount; ++i)
-        EXPECT_EQ(t[static_cast<Pitch>(i)].basis, t[static_cast<Pitch>(i)].target);
-    EXPECT_NEAR(t[Pitch::A4].target - t[Pitch::A4].basis / 360.0, 438.7778, 1e-4);
-    EXPECT_NEAR(t[Pitch::D3].target - t[Pitch::D3].basis / 360.0, 146.4245, 1e-4);
-    EXPECT_NEAR(t[Pitch::D3].target + t[Pitch::D3].basis / 360.0, 147.2403, 1e-4);
-
-    t.recompute(442.0);
-    EXPECT_EQ(t[Pitch::E4].target, 442.0 * 0.7491535384393847);
-    EXPECT_NEAR(t[Pitch::Cs4].target, 277.1826 * 442.0 / 440.0, 1e-3);
-}
-
-TEST(TuningCatalogue, DeliberateIrregularities) {
-    EXPECT_EQ(TuningCatalogue::tuning(2).rules[3].slot, 3) << "low G confirms through slot 3";
-    EXPECT_EQ(TuningCatalogue::tuning(2).rules[3].indication, 4);
-    EXPECT_EQ(TuningCatalogue::tuning(8).rules[3].label, "GS4");
-    EXPECT_EQ(pitchName(TuningCatalogue::tuning(8).strings[3]), "G#4");
-    for (int n : {10, 11}) {
-        EXPECT_EQ(TuningCatalogue::tuning(n).rules.size(), 3u);
-        EXPECT_EQ(TuningCatalogue::tuning(n).rules[0].indication, 14);
-        EXPECT_EQ(TuningCatalogue::tuning(n).rules[0].slot, 1);
-    }
-    const auto& t3 = TuningCatalogue::tuning(3);
-    const auto& t9 = TuningCatalogue::tuning(9);
-    EXPECT_EQ(t3.strings, t9.strings);
-    EXPECT_NE(t3.titleKey, t9.titleKey);
-    EXPECT_FALSE(TuningCatalogue::contains(0));
-    EXPECT_FALSE(TuningCatalogue::contains(12));
+    EXPECT_TRUE(t[Pitch::A4].contains(t[Pitch::A4].low()) && t[Pitch::A4].contains(t[Pitch::A4].high()));
 }
 
 class Navigation : public TunerFixture {};
