@@ -88,11 +88,7 @@ protected:
         rebuild();
         launch();
     }
-    // What the app's picker does with a row.
-    void choose(long row) {
-        controller->didSelectRow(row);
-        controller->overrideDefaultLanguage();
-    }
+    void choose(long row) { app->selectLanguage(row); }
     void goTo(int64_t tuning) {
         while (state.chosenTuning < tuning)
             controller->showNextTuning();
