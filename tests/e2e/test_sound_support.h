@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-#include "base/SharedState.h"
 #include "audio/MicListener.h"
+#include "base/SharedState.h"
 #include "support/FinePitch.h"
 #include "support/PulseServer.h"
 #include "support/RunningApp.h"
@@ -28,8 +28,9 @@ protected:
             return;
         if (demoModeEnabled)
             GTEST_SKIP() << "the demonstration build plays no sound";
-        app = std::make_unique<RunningApp>("phone-844", "en", RunningApp::Seed{},
-                                           QStringLiteral(UKE_SOURCE_DIR) + "/resources/sounds");
+        app =
+            std::make_unique<RunningApp>("phone-844", "en", RunningApp::Seed{},
+                                         QStringLiteral(UKE_SOURCE_DIR) + "/resources/sounds", RunningApp::Audio::Real);
         ASSERT_TRUE(app->started);
         host = app->host.get();
         runFor(0.2);

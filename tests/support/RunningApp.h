@@ -56,11 +56,14 @@ inline void saveForDocs(const QImage& img, const char* fileName) {
 
 struct RunningApp {
     using Seed = std::function<void(QSettings&)>;
+    enum class Audio { Virtual, NoMicrophone, Real };
 
     // `seed` writes what an earlier run left in the store; an empty `resourcePath`
-    // means the sounds next to the program; without a microphone no input opens.
+    // means the sounds next to the program. The views are tested on a virtual
+    // microphone and speaker, so that the machine's own devices decide no result;
+    // the end-to-end tests ask for the real ones.
     explicit RunningApp(const char* device = "phone-844", const char* language = "en", const Seed& seed = {},
-                        const QString& resourcePath = {}, bool microphone = true) {
+                        const QString& resourcePath = {}, Audio audio = Audio::Virtual) {
         ensureQtApp();
         if (seed) {
             QSettings ini(settingsPath(), QSettings::IniFormat);
@@ -72,16 +75,16 @@ struct RunningApp {
         o.resourcePath = resourcePath;
         o.quietLog = true;
         o.language = language;
-        // The views are tested on a virtual microphone and speaker: the machine's own
-        // devices must not decide a result.
         auto ports = AppHost::qtPorts(o);
-        auto fakeCapture = std::make_unique<FakeAudioCapture>();
-        capture = fakeCapture.get();
-        capture->failToOpen = !microphone;
-        ports->capture = std::move(fakeCapture);
-        auto fakeOutput = std::make_unique<RecordingAudioOutput>();
-        output = fakeOutput.get();
-        ports->output = std::move(fakeOutput);
+        if (audio != Audio::Real) {
+            auto fakeCapture = std::make_unique<FakeAudioCapture>();
+            capture = fakeCapture.get();
+            capture->failToOpen = audio == Audio::NoMicrophone;
+            ports->capture = std::move(fakeCapture);
+            auto fakeOutput = std::make_unique<RecordingAudioOutput>();
+            output = fakeOutput.get();
+            ports->output = std::move(fakeOutput);
+        }
         host = std::make_unique<AppHost>(o, std::move(ports));
         // Taps need the views laid out, which happens once the window is on screen.
         started = host->start() && QTest::qWaitForWindowExposed(host->window());
@@ -115,6 +118,7 @@ struct RunningApp {
     }
 
     QTemporaryDir dir;
+    // The virtual devices, when the app has them.
     FakeAudioCapture* capture = nullptr;
     RecordingAudioOutput* output = nullptr;
     std::unique_ptr<AppHost> host;

@@ -48,7 +48,8 @@ TEST(TunerScreen, ReadOutSaysWhetherTheMicrophoneIsHeard) {
     if (demoModeEnabled)
         GTEST_SKIP() << "the demonstration picture fills the read-out";
     for (const bool microphone : {true, false}) {
-        RunningApp r("phone-844", "en", {}, {}, microphone);
+        RunningApp r("phone-844", "en", {}, {},
+                     microphone ? RunningApp::Audio::Virtual : RunningApp::Audio::NoMicrophone);
         ASSERT_TRUE(r.started);
         EXPECT_EQ(r.host->hearing(), microphone);
         EXPECT_EQ(r.text("freq_label"), microphone ? "Pluck a string" : "No microphone found");
