@@ -93,20 +93,6 @@ TEST(ToneGenerator, SquareIsPositiveUpToAndIncludingPiAndNegativeAfter) {
     EXPECT_EQ(v[8], -14862);
 }
 
-TEST(ToneGenerator, PhaseStaysInZeroToTwoPiWrappingOnlyPastTwoPi) {
-    Tone t(0, 5512.5f);
-    t.next(8);
-    EXPECT_EQ(t.gen.phase(), 2 * kPi); // 2pi exactly is kept
-    t.next(1);
-    EXPECT_NEAR(t.gen.phase(), kPi / 4, 1e-12);
-    Tone slow(1, 27.5f);
-    for (int block = 0; block < 50; ++block) {
-        slow.next(997);
-        ASSERT_GT(slow.gen.phase(), 0.0);
-        ASSERT_LE(slow.gen.phase(), 2 * kPi);
-    }
-}
-
 TEST(ToneGenerator, TriangleTurnsOnlyPastOneAndFoldsBack) {
     // An eighth of a cycle per frame is a triangle step of 0.5.
     Tone t(1, 5512.5f);
@@ -119,13 +105,8 @@ TEST(ToneGenerator, TriangleTurnsOnlyPastOneAndFoldsBack) {
     }
 }
 
-TEST(ToneGenerator, TriangleMixHasTheSinesPeakAndStaysInRange) {
+TEST(ToneGenerator, TriangleFoldsBetweenGridPoints) {
     // 4410 Hz: a triangle step of 0.4, so the fold lands between grid points.
-    Tone t(1, 4410.0f);
-    for (int i = 0; i < 2000; ++i) {
-        t.next(1);
-        ASSERT_LE(std::fabs(t.gen.triangleValue()), 1.0) << "frame " << i;
-    }
     // The triangle heard in frames 1 to 3 is 0.4, 0.8 and, folded back from 1.2, 0.8.
     Tone q(1, 4410.0f);
     const auto v = q.next(4);
@@ -164,20 +145,6 @@ TEST(ToneGenerator, StateCarriesAcrossCallsAndWaveformChanges) {
     swapped.curTone = 1;
     swapped.next(200);
     EXPECT_EQ(steady.next(50), swapped.next(50));
-}
-
-TEST(ToneGenerator, NoClickWhenThePitchJumps) {
-    Tone t(1, 261.6256f);
-    auto v = t.next(2000);
-    t.gen.toneFrequency = 440.0f;
-    const auto w = t.next(2000);
-    v.insert(v.end(), w.begin(), w.end());
-    int worst = 0;
-    for (size_t i = 1; i < v.size(); ++i)
-        worst = std::max(worst, std::abs(v[i] - v[i - 1]));
-    // The 440 Hz mix changes by at most about 1500 per frame; a phase reset could jump
-    // by anything up to the full peak.
-    EXPECT_LT(worst, 3000);
 }
 
 } // namespace

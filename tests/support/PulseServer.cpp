@@ -1,5 +1,6 @@
 #include "support/PulseServer.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <csignal>
@@ -11,7 +12,6 @@
 #include <sstream>
 
 #include <fcntl.h>
-#include <samplerate.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -24,17 +24,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-bool onPath(const std::string& program) {
-    const char* path = std::getenv("PATH");
-    std::stringstream dirs(path ? path : "/usr/bin:/bin");
-    std::string dir;
-    while (std::getline(dirs, dir, ':')) {
-        if (!dir.empty() && ::access((dir + "/" + program).c_str(), X_OK) == 0)
-            return true;
-    }
-    return false;
-}
-
 std::string readFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     std::stringstream s;
@@ -42,42 +31,25 @@ std::string readFile(const std::string& path) {
     return s.str();
 }
 
-std::vector<int16_t> resample(const std::vector<int16_t>& in, int from, int to) {
-    if (from == to || in.empty())
-        return in;
-    std::vector<float> src(in.size());
-    src_short_to_float_array(in.data(), src.data(), static_cast<int>(in.size()));
-    const double ratio = static_cast<double>(to) / from;
-    std::vector<float> dst(static_cast<size_t>(static_cast<double>(in.size()) * ratio) + 16);
-    SRC_DATA data{};
-    data.data_in = src.data();
-    data.input_frames = static_cast<long>(src.size());
-    data.data_out = dst.data();
-    data.output_frames = static_cast<long>(dst.size());
-    data.src_ratio = ratio;
-    if (src_simple(&data, SRC_SINC_MEDIUM_QUALITY, 1) != 0)
-        return {};
-    std::vector<int16_t> out(static_cast<size_t>(data.output_frames_gen));
-    src_float_to_short_array(dst.data(), out.data(), static_cast<int>(out.size()));
-    return out;
+// Waits up to `limit` for the child to end; its wait status, or -1 if it still runs.
+int waitExit(pid_t pid, std::chrono::milliseconds limit) {
+    const auto deadline = Clock::now() + limit;
+    int status = 0;
+    while (::waitpid(pid, &status, WNOHANG) == 0) {
+        if (Clock::now() > deadline)
+            return -1;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return status;
 }
 
-bool pidAlive(pid_t pid) {
-    int status = 0;
-    return ::waitpid(pid, &status, WNOHANG) == 0;
-}
+bool pidAlive(pid_t pid) { return waitExit(pid, std::chrono::milliseconds(0)) == -1; }
 
 void killAndReap(pid_t pid, int signal) {
     ::kill(pid, signal);
-    const auto deadline = Clock::now() + std::chrono::seconds(5);
-    int status = 0;
-    while (::waitpid(pid, &status, WNOHANG) == 0) {
-        if (Clock::now() > deadline) {
-            ::kill(pid, SIGKILL);
-            ::waitpid(pid, &status, 0);
-            return;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    if (waitExit(pid, std::chrono::seconds(5)) == -1) {
+        ::kill(pid, SIGKILL);
+        ::waitpid(pid, nullptr, 0);
     }
 }
 
@@ -85,7 +57,9 @@ void killAndReap(pid_t pid, int signal) {
 
 PulseServer::~PulseServer() { stop(); }
 
-bool PulseServer::toolsAvailable() { return onPath("pulseaudio") && onPath("pactl") && onPath("parec"); }
+bool PulseServer::toolsAvailable() {
+    return std::system("{ command -v pulseaudio && command -v pactl && command -v parec; } >/dev/null 2>&1") == 0;
+}
 
 bool PulseServer::failWith(const std::string& message) {
     error_ = message;
@@ -97,24 +71,23 @@ bool PulseServer::failWith(const std::string& message) {
 }
 
 std::vector<std::string> PulseServer::childEnvironment() const {
-    std::vector<std::string> env;
-    const auto replaced = [](const std::string& entry) {
-        for (const char* name : {"HOME=", "XDG_RUNTIME_DIR=", "XDG_CONFIG_HOME=", "PULSE_SERVER=",
-                                 "PULSE_RUNTIME_PATH=", "PULSE_STATE_PATH=", "DBUS_SESSION_BUS_ADDRESS="})
-            if (entry.rfind(name, 0) == 0)
-                return true;
-        return false;
+    // Everything a client could use to find another server or the user's files.
+    const std::pair<std::string, std::string> own[] = {
+        {"HOME=", folder_ + "/home"},
+        {"XDG_RUNTIME_DIR=", folder_ + "/run"},
+        {"XDG_CONFIG_HOME=", folder_ + "/home/.config"},
+        {"PULSE_RUNTIME_PATH=", folder_ + "/run/pulse"},
+        {"PULSE_STATE_PATH=", folder_ + "/state"},
+        {"DBUS_SESSION_BUS_ADDRESS=", "disabled:"},
+        {"PULSE_SERVER=", address_},
     };
+    std::vector<std::string> env;
     for (char** e = environ; *e; ++e)
-        if (!replaced(*e))
+        if (std::none_of(std::begin(own), std::end(own),
+                         [&](const auto& o) { return std::string_view(*e).starts_with(o.first); }))
             env.emplace_back(*e);
-    env.push_back("HOME=" + folder_ + "/home");
-    env.push_back("XDG_RUNTIME_DIR=" + folder_ + "/run");
-    env.push_back("XDG_CONFIG_HOME=" + folder_ + "/home/.config");
-    env.push_back("PULSE_RUNTIME_PATH=" + folder_ + "/run/pulse");
-    env.push_back("PULSE_STATE_PATH=" + folder_ + "/state");
-    env.push_back("DBUS_SESSION_BUS_ADDRESS=disabled:");
-    env.push_back("PULSE_SERVER=" + address_);
+    for (const auto& [name, value] : own)
+        env.push_back(name + value);
     return env;
 }
 
@@ -131,15 +104,8 @@ pid_t PulseServer::spawn(const std::vector<std::string>& argv, const std::string
     envp.push_back(nullptr);
     const int out = ::open(outputFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
     const int devnull = ::open("/dev/null", O_RDONLY | O_CLOEXEC);
-    if (out < 0 || devnull < 0) {
-        if (out >= 0)
-            ::close(out);
-        if (devnull >= 0)
-            ::close(devnull);
-        return -1;
-    }
     const pid_t parent = ::getpid();
-    const pid_t pid = ::fork();
+    const pid_t pid = out < 0 || devnull < 0 ? -1 : ::fork();
     if (pid == 0) {
         // A crashed test must not leave a server behind.
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
@@ -153,7 +119,7 @@ pid_t PulseServer::spawn(const std::vector<std::string>& argv, const std::string
         ::execvpe(argp[0], argp.data(), envp.data());
         ::_exit(127);
     }
-    ::close(out);
+    ::close(out); // closing -1 is harmless
     ::close(devnull);
     return pid;
 }
@@ -166,22 +132,13 @@ int PulseServer::pactl(const std::vector<std::string>& args, std::string* output
     const pid_t pid = spawn(argv, outPath);
     if (pid < 0)
         return -1;
-    int status = 0;
-    const auto deadline = Clock::now() + std::chrono::seconds(10);
-    while (::waitpid(pid, &status, WNOHANG) == 0) {
-        if (Clock::now() > deadline) {
-            killAndReap(pid, SIGKILL);
-            status = -1;
-            break;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
+    const int status = waitExit(pid, std::chrono::seconds(10));
+    if (status == -1)
+        killAndReap(pid, SIGKILL);
     if (output)
         *output = readFile(outPath);
     std::filesystem::remove(outPath);
-    if (status == -1 || !WIFEXITED(status))
-        return -1;
-    return WEXITSTATUS(status);
+    return status == -1 || !WIFEXITED(status) ? -1 : WEXITSTATUS(status);
 }
 
 bool PulseServer::start(std::chrono::milliseconds timeout) {
@@ -194,7 +151,9 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
     char pattern[] = "/tmp/uke-pulse-XXXXXX";
     if (!::mkdtemp(pattern))
         return failWith(std::string("cannot make a temporary folder: ") + std::strerror(errno));
-    folder_ = pattern;
+    folder_ = pattern; // from here on stop() puts PULSE_SERVER back as it was
+    if (const char* old = std::getenv("PULSE_SERVER"))
+        savedPulseServer_ = old;
     for (const char* sub : {"/home", "/home/.config", "/run", "/state"})
         ::mkdir((folder_ + sub).c_str(), 0700);
     address_ = "unix:" + folder_ + "/native";
@@ -226,8 +185,7 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
             return failWith("pulseaudio exited during start-up");
         }
         std::string sources;
-        if (pactl({"info"}) == 0 && pactl({"list", "short", "sources"}, &sources) == 0 &&
-            sources.find(kMicrophone) != std::string::npos)
+        if (pactl({"list", "short", "sources"}, &sources) == 0 && sources.find(kMicrophone) != std::string::npos)
             break;
         if (Clock::now() > deadline)
             return failWith("pulseaudio did not answer within the time limit");
@@ -246,10 +204,6 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
     // A server that dies under a write must fail the test, not kill the program.
     std::signal(SIGPIPE, SIG_IGN);
 
-    if (const char* old = std::getenv("PULSE_SERVER")) {
-        savedPulseServer_ = old;
-    }
-    pulseServerWasSet_ = true;
     ::setenv("PULSE_SERVER", address_.c_str(), 1);
 
     stopping_ = false;
@@ -292,9 +246,9 @@ void PulseServer::writerLoop() {
 }
 
 void PulseServer::writeToMicrophone(const std::vector<int16_t>& samples, int rate) {
-    const std::vector<int16_t> converted = resample(samples, rate, kRate);
+    EXPECT_EQ(rate, kRate) << "the microphone takes samples at its own rate only";
     std::lock_guard lock(mutex_);
-    pending_.insert(pending_.end(), converted.begin(), converted.end());
+    pending_.insert(pending_.end(), samples.begin(), samples.end());
     changed_.notify_all();
 }
 
@@ -304,17 +258,12 @@ bool PulseServer::waitMicrophoneDrained(std::chrono::milliseconds timeout) {
 }
 
 bool PulseServer::startRecordingSpeaker(int rate, std::chrono::milliseconds timeout) {
-    return startRecording(kSpeakerMonitor, rate, timeout);
-}
-
-bool PulseServer::startRecording(const std::string& source, int rate, std::chrono::milliseconds timeout) {
     if (!running())
         return false;
-    if (recorderPid_ > 0)
-        stopRecording();
+    stopRecording();
     recordingPath_ = folder_ + "/recording.raw";
     recorderPid_ = spawn({"parec", "--raw", "--format=s16le", "--channels=1", "--rate=" + std::to_string(rate),
-                          "--latency-msec=20", "--device=" + source},
+                          "--latency-msec=20", "--device=" + std::string(kSpeakerMonitor)},
                          recordingPath_);
     if (recorderPid_ < 0)
         return false;
@@ -331,7 +280,11 @@ bool PulseServer::startRecording(const std::string& source, int rate, std::chron
     return true;
 }
 
-std::vector<int16_t> PulseServer::recording() const {
+std::vector<int16_t> PulseServer::stopRecording() {
+    if (recorderPid_ > 0) {
+        killAndReap(recorderPid_, SIGINT);
+        recorderPid_ = -1;
+    }
     if (recordingPath_.empty())
         return {};
     const std::string bytes = readFile(recordingPath_);
@@ -340,21 +293,10 @@ std::vector<int16_t> PulseServer::recording() const {
     return samples;
 }
 
-std::vector<int16_t> PulseServer::stopRecording() {
-    if (recorderPid_ > 0) {
-        killAndReap(recorderPid_, SIGINT);
-        recorderPid_ = -1;
-    }
-    return recording();
-}
-
 std::string PulseServer::serverLog() const { return folder_.empty() ? "" : readFile(folder_ + "/pulseaudio.log"); }
 
 void PulseServer::stop() {
-    if (recorderPid_ > 0) {
-        killAndReap(recorderPid_, SIGINT);
-        recorderPid_ = -1;
-    }
+    stopRecording();
     {
         std::lock_guard lock(mutex_);
         stopping_ = true;
@@ -371,15 +313,12 @@ void PulseServer::stop() {
         ::close(fifo_);
         fifo_ = -1;
     }
-    if (pulseServerWasSet_) {
+    if (!folder_.empty()) {
         if (savedPulseServer_)
             ::setenv("PULSE_SERVER", savedPulseServer_->c_str(), 1);
         else
             ::unsetenv("PULSE_SERVER");
-        pulseServerWasSet_ = false;
         savedPulseServer_.reset();
-    }
-    if (!folder_.empty()) {
         std::error_code ec;
         std::filesystem::remove_all(folder_, ec);
         folder_.clear();

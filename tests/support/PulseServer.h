@@ -49,13 +49,11 @@ public:
     void stop();
     bool running() const { return serverPid_ > 0; }
     const std::string& error() const { return error_; }
-    // "unix:<folder>/native"
-    const std::string& address() const { return address_; }
     // The server's own log, for failure messages.
     std::string serverLog() const;
 
-    // Queues samples for the microphone and returns at once; a writer thread feeds
-    // them to the pipe in real time. Samples at another rate are resampled. As with
+    // Queues samples (at kRate) for the microphone and returns at once; a writer
+    // thread feeds them to the pipe in real time. As with
     // a real microphone, what is played while nothing records is lost.
     void writeToMicrophone(const std::vector<int16_t>& samples, int rate);
     // Waits until everything queued has gone into the pipe.
@@ -64,11 +62,6 @@ public:
     // Records the speaker's monitor (s16le mono at `rate`) with parec until
     // stopRecording(); returns once the recording stream is connected.
     bool startRecordingSpeaker(int rate = 44100, std::chrono::milliseconds timeout = std::chrono::seconds(10));
-    // The same for any source, for example kMicrophone. One recording at a time.
-    bool startRecording(const std::string& source, int rate,
-                        std::chrono::milliseconds timeout = std::chrono::seconds(10));
-    // What has been recorded so far, without stopping.
-    std::vector<int16_t> recording() const;
     std::vector<int16_t> stopRecording();
 
     // Runs pactl against this server; returns its exit status (-1 if it could not
@@ -85,8 +78,7 @@ private:
     std::string address_;
     std::string error_;
     std::string fifoPath_;
-    std::optional<std::string> savedPulseServer_;
-    bool pulseServerWasSet_ = false;
+    std::optional<std::string> savedPulseServer_; // PULSE_SERVER before start()
     pid_t serverPid_ = -1;
 
     int fifo_ = -1;
