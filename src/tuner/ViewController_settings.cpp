@@ -1,4 +1,5 @@
 // The settings and about panels.
+#include <algorithm>
 #include <cmath>
 
 #include "chords/ChordsViewController.h"
@@ -26,6 +27,9 @@ void ViewController::micSensitivity(float sliderValue) {
 }
 
 void ViewController::setFrequencyValue(double stepperValue) {
+    // A stepper never leaves its own range, whoever asks it to.
+    const Stepper& range = screen_.setFrequencyValueStepper;
+    stepperValue = std::clamp(stepperValue, range.minimum, range.maximum);
     const long hz = static_cast<long>(stepperValue);
     screen_.setFrequencyValueStepper.value = stepperValue;
     screen_.calibrationFrequencyValue.text = format("%02lu", static_cast<unsigned long>(hz));
