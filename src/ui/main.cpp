@@ -127,7 +127,7 @@ int main(int argc, char** argv) {
     if (!host.start())
         return 1;
     for (long t = 1; t < cl.tuning; ++t)
-        host.tunerAction("showNextTuning");
+        host.tuner()->showNextTuning();
 
     if (!cl.screenshot.isEmpty()) {
         // Let the first ticks and delayed messages run before the picture is taken.
