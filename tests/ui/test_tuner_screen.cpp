@@ -40,12 +40,15 @@ TEST(TunerScreen, ArrowsAndTheInTuneLookAreWired) {
         r.tap(arrow);
     EXPECT_EQ(r.host->state().chosenTuning, 2);
     EXPECT_EQ(r.text("currentTuningName").toStdString(), r.host->tunerModel().currentTuningName.text);
-    QQuickItem* note = r.item("noteDisplay");
-    const QVariant plain = note->property("color");
-    r.host->tunerModel().LEDDisplay.image = "green64.png";
-    r.host->sync();
-    EXPECT_TRUE(r.host->inTune());
-    EXPECT_NE(note->property("color"), plain);
+    const auto noteColourWith = [&](const char* lamp) {
+        r.host->tunerModel().LEDDisplay.image = lamp;
+        r.host->sync();
+        return std::pair{r.host->inTune(), r.item("noteDisplay")->property("color")};
+    };
+    const auto [inTune, tunedColour] = noteColourWith("green64.png");
+    const auto [notInTune, plainColour] = noteColourWith("yellow64.png");
+    EXPECT_TRUE(inTune && !notInTune);
+    EXPECT_NE(tunedColour, plainColour);
 }
 
 } // namespace
