@@ -1,5 +1,6 @@
 #include "tuner/SettingsPanel.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "settings/FactorySettings.h"
@@ -83,6 +84,9 @@ void SettingsPanel::micSensitivity(float sliderValue) {
 }
 
 void SettingsPanel::setFrequencyValue(double stepperValue) {
+    // A stepper never leaves its own range, whoever asks it to.
+    const Stepper& range = screen_.setFrequencyValueStepper;
+    stepperValue = std::clamp(stepperValue, range.minimum, range.maximum);
     const long hz = static_cast<long>(stepperValue);
     screen_.setFrequencyValueStepper.value = stepperValue;
     screen_.calibrationFrequencyValue.text = format("%02lu", static_cast<unsigned long>(hz));

@@ -17,6 +17,8 @@ TunerScreenModel::TunerScreenModel() {
     freqChartSwitch.on = true;
 }
 
+bool TunerScreenModel::inTune() const { return LEDDisplay.image == "green64.png"; }
+
 ImageView& TunerScreenModel::ring(int n) {
     switch (n) {
     case 1: return ring1;

@@ -73,6 +73,9 @@ struct TunerScreenModel {
 #undef UKE_VISIT_OUTLET
     }
 
+    // Whether the lamp shows the last reading in tune (the tick lights it green).
+    bool inTune() const;
+
     // The peg ring of string n (1..4).
     ImageView& ring(int n);
     // The string-highlight view that a layout shows.

@@ -5,17 +5,18 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QLocale>
-#include <QQmlContext>
 #include <QQuickWindow>
 #include <QSaveFile>
-#include <functional>
-#include <map>
 
 #include "ArtImageProvider.h"
 #include "audio/MicListener.h"
 #include "platform/qt/QtSettingsStore.h"
 #include "platform/qt/QtStringTable.h"
 #include "tuner/ViewController.h"
+
+// The module's types live in this static library; naming their registration keeps
+// the linker from dropping it.
+extern void qml_register_types_UkuleleTuner();
 
 namespace uke {
 
@@ -28,6 +29,9 @@ QVariantMap readJsonResource(const QString& path) {
     return QJsonDocument::fromJson(f.readAll()).toVariant().toMap();
 }
 
+// Where the engine keeps the host that made it, for the singleton's factory.
+constexpr char kHostProperty[] = "ukeAppHost";
+
 QString defaultResourcePath() {
     const QString beside = QCoreApplication::applicationDirPath() + "/sounds";
     if (QDir(beside).exists())
@@ -36,6 +40,14 @@ QString defaultResourcePath() {
 }
 
 } // namespace
+
+AppHost* AppHost::create(QQmlEngine* engine, QJSEngine*) {
+    auto* host = qobject_cast<AppHost*>(engine->property(kHostProperty).value<QObject*>());
+    // The host outlives its engine: QML must never delete it.
+    if (host)
+        QJSEngine::setObjectOwnership(host, QJSEngine::CppOwnership);
+    return host;
+}
 
 std::unique_ptr<AppPorts> AppHost::qtPorts(const Options& options) {
     auto ports = std::make_unique<AppPorts>();
@@ -61,6 +73,8 @@ AppHost::AppHost(Options options, std::unique_ptr<AppPorts> ports, QObject* pare
     app_ = std::make_unique<TunerApp>(ports_->services(), *MicListener::sharedListener());
     ports_->runLoop.afterTask = [this] { sync(); };
     geometry_ = readJsonResource(":/art/geometry.json");
+    volatile auto registration = &qml_register_types_UkuleleTuner;
+    Q_UNUSED(registration);
 }
 
 AppHost::~AppHost() {
@@ -85,7 +99,7 @@ bool AppHost::buildWindow(const std::string& storyboard) {
 
     engine_ = std::make_unique<QQmlApplicationEngine>();
     engine_->addImageProvider("art", new ArtImageProvider);
-    engine_->rootContext()->setContextProperty("app", this);
+    engine_->setProperty(kHostProperty, QVariant::fromValue<QObject*>(this));
     sync();
     engine_->load(QUrl("qrc:/UkuleleTuner/Main.qml"));
     if (engine_->rootObjects().isEmpty()) {
@@ -93,6 +107,12 @@ bool AppHost::buildWindow(const std::string& storyboard) {
         return false;
     }
     return true;
+}
+
+QString AppHost::idleReadout() const {
+    // Without an input the tuner can never hear anything: say so instead of waiting.
+    return hearing_ ? QCoreApplication::translate("TunerScreen", "Pluck a string")
+                    : QCoreApplication::translate("TunerScreen", "No microphone found");
 }
 
 QQuickWindow* AppHost::window() const {
@@ -107,6 +127,10 @@ void AppHost::sync() {
     if (const bool hearing = MicListener::sharedListener()->isListening(); hearing != hearing_) {
         hearing_ = hearing;
         emit hearingChanged();
+    }
+    if (const bool inTune = app_->tunerScreen().inTune(); inTune != inTune_) {
+        inTune_ = inTune;
+        emit inTuneChanged();
     }
     if (!options_.stateOut.isEmpty())
         writeState();
@@ -126,46 +150,6 @@ void AppHost::writeState() {
         f.write(json);
         f.commit();
     }
-}
-
-void AppHost::tunerAction(const QString& name, const QVariant& value) {
-    ViewController& c = app_->tuner();
-    static const std::map<QString, std::function<void(ViewController&, const QVariant&)>> actions = {
-        {"showNextTuning", [](ViewController& v, const QVariant&) { v.showNextTuning(); }},
-        {"showPreviousTuning", [](ViewController& v, const QVariant&) { v.showPreviousTuning(); }},
-        {"playA440Hz", [](ViewController& v, const QVariant&) { v.playA440Hz(); }},
-        {"playE329_6", [](ViewController& v, const QVariant&) { v.playE329_6(); }},
-        {"playC261_6Hz", [](ViewController& v, const QVariant&) { v.playC261_6Hz(); }},
-        {"playG392Hz", [](ViewController& v, const QVariant&) { v.playG392Hz(); }},
-        {"stopFreqPlay", [](ViewController& v, const QVariant&) { v.stopFreqPlay(); }},
-        {"play1stStringSound", [](ViewController& v, const QVariant&) { v.play1stStringSound(); }},
-        {"play2ndStringSound", [](ViewController& v, const QVariant&) { v.play2ndStringSound(); }},
-        {"play3rdStringSound", [](ViewController& v, const QVariant&) { v.play3rdStringSound(); }},
-        {"play4thStringSound", [](ViewController& v, const QVariant&) { v.play4thStringSound(); }},
-        {"micSensitivity", [](ViewController& v, const QVariant& x) { v.micSensitivity(x.toFloat()); }},
-        {"setFrequencyValue", [](ViewController& v, const QVariant& x) { v.setFrequencyValue(x.toDouble()); }},
-        {"soundNotificationAction",
-         [](ViewController& v, const QVariant& x) { v.soundNotificationAction(x.toBool()); }},
-        {"toggleStringSounds", [](ViewController& v, const QVariant& x) { v.toggleStringSounds(x.toBool()); }},
-        {"toggleFreqChart", [](ViewController& v, const QVariant& x) { v.toggleFreqChart(x.toBool()); }},
-        {"reviewQuenby", [](ViewController& v, const QVariant&) { v.reviewQuenby(); }},
-        {"redirectToMorvaneLabs", [](ViewController& v, const QVariant&) { v.redirectToMorvaneLabs(); }},
-        {"disableTemporarilySoundConfirmation",
-         [](ViewController& v, const QVariant&) { v.disableTemporarilySoundConfirmation(); }},
-        {"enableSoundConfirmation", [](ViewController& v, const QVariant&) { v.enableSoundConfirmation(); }},
-    };
-    if (name == QLatin1String("didSelectRow")) {
-        app_->selectLanguage(value.toInt());
-        sync();
-        return;
-    }
-    const auto it = actions.find(name);
-    if (it == actions.end()) {
-        ports_->log.log("Unknown tuner action: " + name.toStdString());
-        return;
-    }
-    it->second(c, value);
-    sync();
 }
 
 void AppHost::openChords() {

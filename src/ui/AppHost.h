@@ -3,10 +3,12 @@
 #include <QPointer>
 #include <QQmlApplicationEngine>
 #include <QVariantMap>
+#include <QtQml/qqmlregistration.h>
 #include <memory>
 
 #include "AppPorts.h"
 #include "OutletMap.h"
+#include "ScreenActions.h"
 #include "app/TunerApp.h"
 #include "base/LayoutClass.h"
 
@@ -17,18 +19,28 @@ namespace uke {
 class ViewController;
 
 // Runs one app: builds the core's composition root on its ports, loads the QML views
-// and carries actions from the views to the controllers and outlets back.
+// and carries actions from the views to the controllers and outlets back. The views
+// reach it as the singleton `App` of the UkuleleTuner module.
 class AppHost : public QObject {
     Q_OBJECT
-    Q_PROPERTY(QObject* tuner READ tuner CONSTANT)
-    Q_PROPERTY(QObject* chords READ chords CONSTANT)
-    Q_PROPERTY(QObject* alert READ alert CONSTANT)
+    QML_NAMED_ELEMENT(App)
+    QML_SINGLETON
+    // The screens' outlets, one map entry per outlet name.
+    Q_PROPERTY(QObject* tunerOutlets READ tunerOutlets CONSTANT)
+    Q_PROPERTY(QObject* chordOutlets READ chordOutlets CONSTANT)
+    Q_PROPERTY(uke::TunerActions* tuner READ tuner CONSTANT)
+    Q_PROPERTY(uke::ChordActions* chords READ chords CONSTANT)
+    Q_PROPERTY(uke::QmlAlertPresenter* alert READ alert CONSTANT)
     Q_PROPERTY(QVariantMap layout READ layout CONSTANT)
     Q_PROPERTY(QVariantMap geometry READ geometry CONSTANT)
     Q_PROPERTY(bool isPad READ isPad CONSTANT)
     Q_PROPERTY(bool chordsOpen READ chordsOpen NOTIFY chordsOpenChanged)
     // Whether the microphone is being heard; false where no input could be opened.
     Q_PROPERTY(bool hearing READ hearing NOTIFY hearingChanged)
+    // What the frequency read-out says while it has nothing to show.
+    Q_PROPERTY(QString idleReadout READ idleReadout NOTIFY hearingChanged)
+    // Whether the lamp says the last reading was in tune.
+    Q_PROPERTY(bool inTune READ inTune NOTIFY inTuneChanged)
 
 public:
     struct Options {
@@ -49,19 +61,24 @@ public:
     bool start();
     QQuickWindow* window() const;
 
-    Q_INVOKABLE void tunerAction(const QString& name, const QVariant& value = {});
-    Q_INVOKABLE void chordsAction(const QString& name, const QVariant& value = {}, const QVariant& extra = {});
+    // The QML engine's instance: the host that loads the views.
+    static AppHost* create(QQmlEngine* engine, QJSEngine*);
+
     Q_INVOKABLE void openChords();
     Q_INVOKABLE void closeChords();
 
-    QObject* tuner() { return &tunerMap_; }
-    QObject* chords() { return &chordsMap_; }
-    QObject* alert() { return &ports_->alerts; }
+    QObject* tunerOutlets() { return &tunerMap_; }
+    QObject* chordOutlets() { return &chordsMap_; }
+    TunerActions* tuner() { return &tunerActions_; }
+    ChordActions* chords() { return &chordActions_; }
+    QmlAlertPresenter* alert() { return &ports_->alerts; }
     QVariantMap layout() const { return layout_; }
     QVariantMap geometry() const { return geometry_; }
     bool isPad() const { return options_.device.idiom == Idiom::Pad; }
     bool chordsOpen() const { return app_->chordsOpen(); }
     bool hearing() const { return hearing_; }
+    QString idleReadout() const;
+    bool inTune() const { return inTune_; }
 
     TunerApp& app() { return *app_; }
     ViewController& tunerController() { return app_->tuner(); }
@@ -76,6 +93,7 @@ public:
 signals:
     void chordsOpenChanged();
     void hearingChanged();
+    void inTuneChanged();
 
 private:
     bool buildWindow(const std::string& storyboard);
@@ -87,11 +105,14 @@ private:
 
     OutletMap tunerMap_;
     OutletMap chordsMap_;
+    TunerActions tunerActions_{*this};
+    ChordActions chordActions_{*this};
     QVariantMap layout_;
     QVariantMap geometry_;
     std::unique_ptr<QQmlApplicationEngine> engine_;
     QByteArray lastState_;
     bool hearing_ = true;
+    bool inTune_ = false;
 };
 
 } // namespace uke

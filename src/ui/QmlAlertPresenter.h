@@ -1,6 +1,7 @@
 #pragma once
 #include <QObject>
 #include <QStringList>
+#include <QtQml/qqmlregistration.h>
 
 #include "platform/AlertPresenter.h"
 
@@ -9,6 +10,8 @@ namespace uke {
 // The app's own alert, drawn by the QML view (Alert.qml) over the current screen.
 class QmlAlertPresenter : public QObject, public AlertPresenter {
     Q_OBJECT
+    QML_NAMED_ELEMENT(AlertModel)
+    QML_UNCREATABLE("The host presents the app's alerts")
     Q_PROPERTY(bool visible READ visible NOTIFY changed)
     Q_PROPERTY(QString title READ title NOTIFY changed)
     Q_PROPERTY(QString message READ message NOTIFY changed)

@@ -81,11 +81,11 @@ TEST_F(ToneEndToEnd, TuningForkSheetSoundsA440AndStopSilencesIt) {
 
 TEST_F(ToneEndToEnd, SecondStringRetunesTheRunningToneWithoutABreak) {
     ASSERT_TRUE(pulse().startRecordingSpeaker(kRecordRate)) << pulse().serverLog();
-    host->tunerAction("playA440Hz");
+    host->tuner()->playA440Hz();
     runFor(1.0);
-    host->tunerAction("playE329_6");
+    host->tuner()->playE329_6();
     runFor(1.0);
-    host->tunerAction("stopFreqPlay");
+    host->tuner()->stopFreqPlay();
     runFor(0.4);
     const std::vector<int16_t> rec = pulse().stopRecording();
 

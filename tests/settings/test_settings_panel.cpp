@@ -88,6 +88,15 @@ TEST_F(SettingsPanel, StepperShowsAndStoresAtOnceButRetunesOnlyAtTheNextAppearan
     EXPECT_EQ(screen.calibrationFrequencyValue.text, "442");
 }
 
+TEST_F(SettingsPanel, StepperStaysWithinItsOwnRange) {
+    launch();
+    for (const auto& [asked, kept] : {std::pair{470.0, 466L}, {400.0, 415L}, {466.0, 466L}}) {
+        controller->setFrequencyValue(asked);
+        EXPECT_EQ(state.a4Calibration, kept) << asked;
+        EXPECT_EQ(screen.setFrequencyValueStepper.value, static_cast<double>(kept)) << asked;
+    }
+}
+
 TEST_F(SettingsPanel, SwitchesWriteThroughAndLogTheirState) {
     launch();
     platform.log.lines.clear();

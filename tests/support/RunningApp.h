@@ -7,15 +7,17 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QImage>
+#include <QQuickItem>
+#include <QQuickWindow>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTest>
 #include <functional>
 #include <memory>
 
 #include "AppHost.h"
 #include "platform/virtual/Fakes.h"
 #include "support/QtApp.h"
-#include "support/QuickItems.h"
 
 namespace uke::test {
 
@@ -29,7 +31,7 @@ template <class Pred> bool settleUntil(Pred done, int ms = 5000) {
     return done();
 }
 
-// Animations and queued outlet updates need the loop to run for a while.
+// Runs the event loop for `ms`, for tests that let real time pass on purpose.
 inline void settle(int ms = 0) {
     settleUntil([] { return false; }, ms);
 }
@@ -65,62 +67,73 @@ struct RunningApp {
     explicit RunningApp(const char* device = "phone-844", const char* language = "en", const Seed& seed = {},
                         const QString& resourcePath = {}, Audio audio = Audio::Virtual) {
         ensureQtApp();
-        if (seed) {
-            QSettings ini(settingsPath(), QSettings::IniFormat);
+        if (QSettings ini(settingsPath(), QSettings::IniFormat); seed)
             seed(ini);
-        }
-        AppHost::Options o;
-        o.device = *DeviceClass::parse(device);
-        o.settingsPath = settingsPath();
-        o.resourcePath = resourcePath;
-        o.quietLog = true;
-        o.language = language;
+        const AppHost::Options o{*DeviceClass::parse(device), language, settingsPath(), resourcePath, {}, true};
         auto ports = AppHost::qtPorts(o);
         if (audio != Audio::Real) {
-            auto fakeCapture = std::make_unique<FakeAudioCapture>();
-            capture = fakeCapture.get();
+            auto capture = std::make_unique<FakeAudioCapture>();
             capture->failToOpen = audio == Audio::NoMicrophone;
-            ports->capture = std::move(fakeCapture);
-            auto fakeOutput = std::make_unique<RecordingAudioOutput>();
-            output = fakeOutput.get();
-            ports->output = std::move(fakeOutput);
+            ports->capture = std::move(capture);
+            ports->output = std::make_unique<RecordingAudioOutput>();
         }
         host = std::make_unique<AppHost>(o, std::move(ports));
         // Taps need the views laid out, which happens once the window is on screen.
         started = host->start() && QTest::qWaitForWindowExposed(host->window());
-        settle(50);
     }
 
     QQuickWindow* window() const { return host->window(); }
+    TunerActions& tuner() const { return *host->tuner(); }
     QString settingsPath() const { return dir.filePath("settings.ini"); }
     // What the app has written to its store, read as a fresh process would.
     QVariant stored(const char* key) const { return QSettings(settingsPath(), QSettings::IniFormat).value(key); }
 
+    // Searched through the visual tree: items made by repeaters and views have no
+    // QObject parent, and the root item is not the content item's QObject child.
     QQuickItem* item(const char* name, QQuickItem* under = nullptr) const {
-        return under ? findItem(under, QLatin1String(name)) : findItem(window(), name);
+        for (QQuickItem* child : (under ? under : window()->contentItem())->childItems())
+            if (QQuickItem* found = child->objectName() == QLatin1String(name) ? child : item(name, child))
+                return found;
+        return nullptr;
     }
-    QString text(const char* name) const {
-        QQuickItem* i = item(name);
-        return i ? i->property("text").toString() : QStringLiteral("(no %1)").arg(name);
-    }
-    void tap(QQuickItem* target, int settleMs = 50) {
+    QString text(const char* name) const { return item(name) ? item(name)->property("text").toString() : "(none)"; }
+    // A tap in the middle of a view, delivered through the window like a real one.
+    void tap(QQuickItem* target, int settleMs = 0) {
         ASSERT_NE(target, nullptr);
-        tapItem(window(), target);
+        const QPointF at = target->mapToScene(QPointF(target->width() / 2, target->height() / 2));
+        QTest::mouseClick(window(), Qt::LeftButton, Qt::NoModifier, at.toPoint());
         settle(settleMs);
     }
-    void tap(const char* name, int settleMs = 50) {
+    void tap(const char* name, int settleMs = 0) {
         SCOPED_TRACE(name);
         tap(item(name), settleMs);
     }
-    QImage grab() {
-        settle(100);
-        return window()->grabWindow();
+    // Opens a panel and waits until it has slid into place.
+    QQuickItem* openSheet(const char* name) const {
+        QQuickItem* sheet = item(name);
+        EXPECT_NE(sheet, nullptr) << name;
+        if (sheet) {
+            sheet->setProperty("open", true);
+            EXPECT_TRUE(settleUntil([&] { return sheet->property("progress").toDouble() == 1.0; })) << name;
+        }
+        return sheet;
+    }
+    // The window once it holds still: the same picture as one taken a few frames before.
+    QImage grab() const {
+        QImage before, now = window()->grabWindow();
+        QElapsedTimer frames;
+        frames.start();
+        settleUntil([&] {
+            if (frames.elapsed() < 50)
+                return false;
+            frames.restart();
+            before = std::exchange(now, window()->grabWindow());
+            return before == now;
+        });
+        return now;
     }
 
     QTemporaryDir dir;
-    // The virtual devices, when the app has them.
-    FakeAudioCapture* capture = nullptr;
-    RecordingAudioOutput* output = nullptr;
     std::unique_ptr<AppHost> host;
     bool started = false;
 };

@@ -13,57 +13,33 @@ namespace uke {
 namespace {
 
 using test::RunningApp;
-using test::settle;
 using test::settleUntil;
 
-// The alert forced up over the tuner, `later` choosing whether it offers a reminder.
-QQuickItem* forceAlert(RunningApp& s, bool later) {
-    s.host->rating().forceShowPrompt(later);
-    QQuickItem* alert = s.item("alert");
-    EXPECT_TRUE(alert && settleUntil([&] { return alert->isVisible(); }));
-    settle(400); // the fade-in
-    return alert;
-}
-
-TEST(RatingAlert, DrawnOverTheTunerScreenWithThePromptsTexts) {
-    RunningApp s;
-    ASSERT_TRUE(s.started);
-    EXPECT_FALSE(s.item("alert")->isVisible());
-    forceAlert(s, true);
-    const QObject* presented = s.host->alert();
-    EXPECT_EQ(s.text("alertTitle"), "Rate Ukulele Tuner");
-    EXPECT_EQ(s.text("alertMessage"), presented->property("message").toString());
-    QStringList titles;
-    for (const char* name : {"alertButton0", "alertButton1", "alertButton2"}) {
-        QQuickItem* b = s.item(name);
-        ASSERT_NE(b, nullptr) << name;
-        titles << b->property("title").toString();
+// Drawn over the tuner with the prompt's texts; the second button is "remind me
+// later" when the alert offers it and "no, thanks" when not.
+TEST(RatingAlert, ShowsThePromptAndReportsTheSecondButton) {
+    for (const bool later : {true, false}) {
+        RunningApp s;
+        ASSERT_TRUE(s.started);
+        EXPECT_FALSE(s.item("alert")->isVisible());
+        s.host->rating().forceShowPrompt(later);
+        QQuickItem* card = s.item("alertCard");
+        ASSERT_TRUE(settleUntil([&] { return card->opacity() == 1.0; })) << "the alert never faded in";
+        const QmlAlertPresenter* presented = s.host->alert();
+        EXPECT_EQ(s.text("alertTitle"), "Rate Ukulele Tuner");
+        EXPECT_EQ(s.text("alertMessage"), presented->message());
+        for (int i = 0; i < 3; ++i) {
+            QQuickItem* b = s.item(QString("alertButton%1").arg(i).toLatin1().constData());
+            EXPECT_EQ(b ? b->property("title").toString() : QString(), presented->buttons().value(i)) << i;
+        }
+        EXPECT_LE(card->width(), s.window()->width());
+        if (later)
+            test::saveForDocs(s.grab(), "rating-alert.png");
+        s.tap("alertButton1");
+        EXPECT_TRUE(settleUntil([&] { return !s.item("alert")->isVisible(); }));
+        EXPECT_EQ(s.stored(keys::kRatingPromptReminderRequestDate).isValid(), later);
+        EXPECT_EQ(s.stored(keys::kRatingPromptDeclinedToRate).toString() == "true", !later);
     }
-    EXPECT_EQ(titles, presented->property("buttons").toStringList());
-    QQuickItem* card = s.item("alertCard");
-    ASSERT_NE(card, nullptr);
-    EXPECT_LE(card->width(), s.window()->width());
-    EXPECT_LE(card->height(), s.window()->height());
-    test::saveForDocs(s.grab(), "rating-alert.png");
-}
-
-TEST(RatingAlert, ATapOnRemindLaterIsRecorded) {
-    RunningApp s;
-    ASSERT_TRUE(s.started);
-    QQuickItem* alert = forceAlert(s, true);
-    s.tap("alertButton1");
-    EXPECT_TRUE(settleUntil([&] { return !alert->isVisible(); }));
-    EXPECT_GT(s.stored(keys::kRatingPromptReminderRequestDate).toString().toDouble(), 1.6e9);
-    EXPECT_NE(s.stored(keys::kRatingPromptDeclinedToRate).toString(), "true");
-}
-
-TEST(RatingAlert, WithoutTheLaterButtonTheSecondButtonDeclines) {
-    RunningApp s;
-    ASSERT_TRUE(s.started);
-    forceAlert(s, false);
-    EXPECT_EQ(s.item("alertButton2"), nullptr);
-    s.tap("alertButton1");
-    EXPECT_EQ(s.stored(keys::kRatingPromptDeclinedToRate).toString(), "true");
 }
 
 // A loopback server that keeps what the first client sends.
@@ -81,26 +57,21 @@ struct LoopbackPage {
     QByteArray request;
 };
 
-TEST(QtNetworkProbe, FetchesThePageAroundAnyCache) {
+// Asked for on the main thread or on a worker, the fetch runs on the main thread
+// and goes around any cache.
+TEST(QtNetworkProbe, FetchesThePageAroundAnyCacheFromAnyThread) {
     test::ensureQtApp();
-    auto probe = makeQtNetworkProbe();
-    LoopbackPage page;
-    ASSERT_TRUE(page.server.isListening());
-    EXPECT_TRUE(probe->startFetch(page.url(), 20.0));
-    ASSERT_TRUE(settleUntil([&] { return page.received(); }));
-    EXPECT_TRUE(page.request.startsWith("GET /probe HTTP/1.1\r\n")) << page.request.toStdString();
-    EXPECT_TRUE(page.request.contains("Cache-Control: no-cache")) << page.request.toStdString();
-}
-
-TEST(QtNetworkProbe, AFetchAskedForOnAWorkerRunsOnTheMainThread) {
-    test::ensureQtApp();
-    auto probe = makeQtNetworkProbe();
-    LoopbackPage page;
-    bool running = false;
-    std::thread worker([&] { running = probe->startFetch(page.url(), 20.0); });
-    worker.join();
-    EXPECT_TRUE(running);
-    EXPECT_TRUE(settleUntil([&] { return page.received(); }));
+    for (const bool onWorker : {false, true}) {
+        auto probe = makeQtNetworkProbe();
+        LoopbackPage page;
+        bool running = false;
+        const auto fetch = [&] { running = probe->startFetch(page.url(), 20.0); };
+        onWorker ? std::thread(fetch).join() : fetch();
+        EXPECT_TRUE(running) << onWorker;
+        ASSERT_TRUE(settleUntil([&] { return page.received(); })) << onWorker;
+        EXPECT_TRUE(page.request.startsWith("GET /probe HTTP/1.1\r\n")) << page.request.toStdString();
+        EXPECT_TRUE(page.request.contains("Cache-Control: no-cache")) << page.request.toStdString();
+    }
 }
 
 TEST(QtNetworkProbe, BadAddressesAndUnknownReachability) {

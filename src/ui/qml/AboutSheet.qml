@@ -1,4 +1,5 @@
 import QtQuick
+import UkuleleTuner
 import "Theme.js" as Theme
 
 // The about panel: two texts from the string tables, a button that asks for a
@@ -7,8 +8,8 @@ Sheet {
     id: sheet
     title: qsTr("About")
 
-    property var o: app.tuner
-    property var lay: app.layout
+    property var o: App.tunerOutlets
+    property var lay: App.layout
     property real u: lay.unit || 1
     property real fontSize: lay.labelFont || 16
 
@@ -84,12 +85,12 @@ Sheet {
             objectName: "reviewButton"
             primary: true
             text: qsTr("Rate the app")
-            onClicked: app.tunerAction("reviewQuenby")
+            onClicked: App.tuner.reviewQuenby()
         }
         PanelButton {
             objectName: "makerButton"
             text: qsTr("Visit the maker")
-            onClicked: app.tunerAction("redirectToMorvaneLabs")
+            onClicked: App.tuner.redirectToMorvaneLabs()
         }
     }
 }

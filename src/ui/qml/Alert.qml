@@ -1,4 +1,5 @@
 import QtQuick
+import UkuleleTuner
 import "Theme.js" as Theme
 
 // The app's own alert (the rating prompt's), over whatever screen is showing.
@@ -6,8 +7,8 @@ import "Theme.js" as Theme
 Item {
     id: alert
     objectName: "alert"
-    property var model: app.alert
-    property real u: app.layout.unit || 1
+    property var model: App.alert
+    property real u: App.layout.unit || 1
     anchors.fill: parent
     visible: model.visible || fade.running
     z: 100

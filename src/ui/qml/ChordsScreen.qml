@@ -1,4 +1,5 @@
 import QtQuick
+import UkuleleTuner
 import QtQuick.Controls
 import "Theme.js" as Theme
 
@@ -8,9 +9,9 @@ import "Theme.js" as Theme
 // the neck pictures.
 Rectangle {
     id: screen
-    property var o: app.chords
-    property var lay: app.layout
-    property var geo: app.geometry.fretboard
+    property var o: App.chordOutlets
+    property var lay: App.layout
+    property var geo: App.geometry.fretboard
     property real u: lay.unit || 1
 
     // Room left over once the fixed blocks are placed, shared out between them.
@@ -38,7 +39,7 @@ Rectangle {
     }
 
     // A picker wheel bound to a picker outlet: rows and selection come from the
-    // outlet; a row that the user settles on goes back as "didSelectRow".
+    // outlet; a row that the user settles on goes back to the picker's action.
     component PickerWheel: Tumbler {
         id: wheel
         property var outlet
@@ -53,7 +54,7 @@ Rectangle {
         function report() {
             if (!outlet || count === 0 || currentIndex < 0 || currentIndex === outlet.selectedRow)
                 return
-            app.chordsAction("didSelectRow", currentIndex, outlet.tag)
+            App.chords.didSelectRow(outlet.tag, currentIndex)
         }
         onModelRowChanged: if (currentIndex !== modelRow) currentIndex = modelRow
         onCountChanged: if (currentIndex !== modelRow) currentIndex = modelRow
@@ -65,7 +66,7 @@ Rectangle {
             required property int index
             text: modelData
             color: index === wheel.currentIndex ? Theme.text : Theme.muted
-            font.pixelSize: Math.min(app.layout.titleFont * 1.15, wheel.rowHeight * 0.52)
+            font.pixelSize: Math.min(App.layout.titleFont * 1.15, wheel.rowHeight * 0.52)
             font.bold: index === wheel.currentIndex
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
@@ -94,7 +95,7 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             width: lay.titleHeight; height: lay.titleHeight
             icon: "arrow_left.png"
-            onClicked: app.closeChords()
+            onClicked: App.closeChords()
         }
         Column {
             anchors.centerIn: parent
@@ -145,7 +146,7 @@ Rectangle {
             property var outlet: o.buttonFlatOrSharp
             readonly property string icon: outlet ? outlet.image : ""
             signal clicked()
-            onClicked: app.chordsAction("toggleSharpOfFlat")
+            onClicked: App.chords.toggleSharpOfFlat()
             anchors.verticalCenter: parent.verticalCenter
             x: Math.min(parent.width - width - lay.margin / 2,
                         chordName.x + (chordName.width + chordName.contentWidth) / 2 + lay.margin)

@@ -1,11 +1,12 @@
 import QtQuick
+import UkuleleTuner
 import QtQuick.Window
 import "Theme.js" as Theme
 
 Window {
     id: window
-    width: app.layout.width
-    height: app.layout.height
+    width: App.layout.width
+    height: App.layout.height
     minimumWidth: width; maximumWidth: width
     minimumHeight: height; maximumHeight: height
     visible: true
@@ -19,20 +20,20 @@ Window {
         onOpenAbout: aboutSheet.open = true
         onOpenTuningFork: {
             tuningForkSheet.open = true
-            app.tunerAction("disableTemporarilySoundConfirmation")
+            App.tuner.disableTemporarilySoundConfirmation()
         }
-        onOpenChords: app.openChords()
+        onOpenChords: App.openChords()
     }
     SettingsSheet { id: settingsSheet; objectName: "settingsSheet" }
     AboutSheet { id: aboutSheet; objectName: "aboutSheet" }
     TuningForkSheet {
         id: tuningForkSheet
         objectName: "tuningForkSheet"
-        onClosed: app.tunerAction("enableSoundConfirmation")
+        onClosed: App.tuner.enableSoundConfirmation()
     }
     Loader {
         anchors.fill: parent
-        active: app.chordsOpen
+        active: App.chordsOpen
         sourceComponent: ChordsScreen {}
     }
     Alert { anchors.fill: parent }

@@ -1,4 +1,5 @@
 import QtQuick
+import UkuleleTuner
 import QtQuick.Controls.Basic
 import "Theme.js" as Theme
 
@@ -9,8 +10,8 @@ Sheet {
     id: sheet
     title: qsTr("Settings")
 
-    property var o: app.tuner
-    property var lay: app.layout
+    property var o: App.tunerOutlets
+    property var lay: App.layout
     property real u: lay.unit || 1
     property real fontSize: lay.labelFont || 16
     property real smallSize: lay.smallFont || 12
@@ -40,8 +41,8 @@ Sheet {
         property var caption
         property string captionName
         property var outlet
-        property string action
         property alias control: toggle
+        signal switched(bool on)
         width: parent ? parent.width : 0
         height: sheet.rowHeight
         visible: !outlet.hidden
@@ -63,7 +64,7 @@ Sheet {
             anchors.verticalCenter: parent.verticalCenter
             checked: row.outlet.on
             padding: 0
-            onToggled: app.tunerAction(row.action, checked)
+            onToggled: row.switched(checked)
             indicator: Rectangle {
                 implicitWidth: 51 * sheet.u
                 implicitHeight: 31 * sheet.u
@@ -137,7 +138,7 @@ Sheet {
                     onPressedChanged: {
                         if (pressed)
                             return
-                        app.tunerAction("micSensitivity", value)
+                        App.tuner.micSensitivity(value)
                         // Show what the controller made of it, even when that equals the old value.
                         value = Qt.binding(function() { return o.micSensitivitySlider.value })
                     }
@@ -244,11 +245,9 @@ Sheet {
                     color: Theme.panel
                     border.color: Theme.panelBorder
 
+                    // The controller keeps the value within the stepper's range.
                     function step(direction) {
-                        const next = outlet.value + direction * outlet.stepValue
-                        if (next < outlet.minimum || next > outlet.maximum)
-                            return
-                        app.tunerAction("setFrequencyValue", next)
+                        App.tuner.setFrequencyValue(outlet.value + direction * outlet.stepValue)
                     }
 
                     Repeater {
@@ -307,7 +306,7 @@ Sheet {
                 captionName: "soundNotificationLabel"
                 caption: o.soundNotificationLabel
                 outlet: o.soundNotificationSwitch
-                action: "soundNotificationAction"
+                onSwitched: on => App.tuner.soundNotificationAction(on)
             }
             Separator {}
             SwitchRow {
@@ -315,7 +314,7 @@ Sheet {
                 captionName: "stringSoundsLabel"
                 caption: o.stringSoundsLabel
                 outlet: o.stringSoundsSwitch
-                action: "toggleStringSounds"
+                onSwitched: on => App.tuner.toggleStringSounds(on)
             }
             Separator {}
             SwitchRow {
@@ -323,7 +322,7 @@ Sheet {
                 captionName: "frequencyChartLabel"
                 caption: o.frequencyChartLabel
                 outlet: o.freqChartSwitch
-                action: "toggleFreqChart"
+                onSwitched: on => App.tuner.toggleFreqChart(on)
             }
         }
 
@@ -370,7 +369,7 @@ Sheet {
                     function choose(row) {
                         if (row < 0 || row >= count)
                             return
-                        app.tunerAction("didSelectRow", row)
+                        App.tuner.didSelectRow(row)
                         if (currentIndex !== row)
                             positionViewAtIndex(row, Tumbler.Center)
                     }

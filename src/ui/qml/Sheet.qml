@@ -1,4 +1,5 @@
 import QtQuick
+import UkuleleTuner
 import "Theme.js" as Theme
 
 // A panel over the tuner screen: it slides up from the bottom on a phone and sits
@@ -8,7 +9,7 @@ Item {
     id: sheet
     property string title: ""
     property bool open: false
-    property real unit: app.layout.unit || 1
+    property real unit: App.layout.unit || 1
     default property alias content: body.data
     // 0 closed, 1 open. Only opening and closing animate it, so the sheet stays out
     // of sight while the window takes its size.
@@ -29,13 +30,13 @@ Item {
     Rectangle {
         id: card
         objectName: "sheetCard"
-        readonly property real topRoom: app.layout.topInset || 20
-        readonly property real bottomRoom: app.isPad ? topRoom : 0
-        readonly property real wanted: header.height + body.y + body.height + 16 * sheet.unit + (app.layout.bottomInset || 0)
-        width: Math.min(parent.width, app.layout.sheetWidth || parent.width)
+        readonly property real topRoom: App.layout.topInset || 20
+        readonly property real bottomRoom: App.isPad ? topRoom : 0
+        readonly property real wanted: header.height + body.y + body.height + 16 * sheet.unit + (App.layout.bottomInset || 0)
+        width: Math.min(parent.width, App.layout.sheetWidth || parent.width)
         height: Math.min(parent.height - topRoom - bottomRoom, wanted)
         anchors.horizontalCenter: parent.horizontalCenter
-        readonly property real restY: app.isPad ? (parent.height - height) / 2 : parent.height - height
+        readonly property real restY: App.isPad ? (parent.height - height) / 2 : parent.height - height
         y: parent.height + (restY - parent.height) * sheet.progress
         radius: 18 * sheet.unit
         color: Theme.panel
@@ -45,7 +46,7 @@ Item {
 
         // On a phone the card runs off the bottom edge: square off its lower corners.
         Rectangle {
-            visible: !app.isPad
+            visible: !App.isPad
             anchors.bottom: parent.bottom
             width: parent.width; height: parent.radius
             color: parent.color
@@ -59,7 +60,7 @@ Item {
                 y: 6 * sheet.unit
                 width: 36 * sheet.unit; height: 5 * sheet.unit; radius: height / 2
                 color: Theme.panelBorder
-                visible: !app.isPad
+                visible: !App.isPad
             }
             Text {
                 anchors.centerIn: parent
@@ -90,7 +91,7 @@ Item {
             anchors.top: header.bottom
             anchors.bottom: parent.bottom
             width: parent.width
-            contentHeight: body.y + body.height + 16 * sheet.unit + (app.layout.bottomInset || 0)
+            contentHeight: body.y + body.height + 16 * sheet.unit + (App.layout.bottomInset || 0)
             interactive: contentHeight > height
             boundsBehavior: Flickable.StopAtBounds
             clip: true

@@ -1,17 +1,27 @@
 import QtQuick
+import UkuleleTuner
 import "Theme.js" as Theme
 
 // The tuner screen: written once, sized by the layout of the device class.
 Item {
     id: screen
-    property var o: app.tuner
-    property var lay: app.layout
-    property var geo: app.geometry.headstock
+    property var o: App.tunerOutlets
+    property var lay: App.layout
+    property var geo: App.geometry.headstock
     property real u: lay.unit || 1
     signal openSettings()
     signal openAbout()
     signal openTuningFork()
     signal openChords()
+
+    function playString(n) {
+        switch (n) {
+        case 1: App.tuner.play1stStringSound(); break
+        case 2: App.tuner.play2ndStringSound(); break
+        case 3: App.tuner.play3rdStringSound(); break
+        case 4: App.tuner.play4thStringSound(); break
+        }
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -33,7 +43,7 @@ Item {
             width: lay.titleHeight; height: lay.titleHeight
             icon: "arrow_left.png"
             visible: !o.showPreviousTuningButton.hidden
-            onClicked: app.tunerAction("showPreviousTuning")
+            onClicked: App.tuner.showPreviousTuning()
         }
         Text {
             objectName: "currentTuningName"
@@ -53,7 +63,7 @@ Item {
             width: lay.titleHeight; height: lay.titleHeight
             icon: "arrow_right.png"
             visible: !o.showNextTuningButton.hidden
-            onClicked: app.tunerAction("showNextTuning")
+            onClicked: App.tuner.showNextTuning()
         }
     }
 
@@ -76,15 +86,13 @@ Item {
             Text {
                 objectName: "noteDisplay"
                 text: o.noteDisplay.text === "" ? "–" : o.noteDisplay.text
-                color: o.LEDDisplay.image === "green64.png" ? Theme.good : Theme.text
+                color: App.inTune ? Theme.good : Theme.text
                 font.pixelSize: lay.noteFont
                 font.bold: true
             }
             Text {
                 objectName: "freq_label"
-                // Without an input the tuner can never hear anything: say so instead of waiting.
-                text: o.freq_label.text !== "" ? o.freq_label.text
-                      : app.hearing ? qsTr("Pluck a string") : qsTr("No microphone found")
+                text: o.freq_label.text !== "" ? o.freq_label.text : App.idleReadout
                 color: o.freq_label.text === "" ? Theme.muted : Theme.text
                 font.pixelSize: lay.freqFont
             }
@@ -130,10 +138,10 @@ Item {
         // String names beside their pegs; a tap plays the string's recording.
         Repeater {
             model: [
-                { n: 1, label: o.firstString, action: "play1stStringSound" },
-                { n: 2, label: o.secondString, action: "play2ndStringSound" },
-                { n: 3, label: o.thirdString, action: "play3rdStringSound" },
-                { n: 4, label: o.fourthString, action: "play4thStringSound" }
+                { n: 1, label: o.firstString },
+                { n: 2, label: o.secondString },
+                { n: 3, label: o.thirdString },
+                { n: 4, label: o.fourthString }
             ]
             delegate: Rectangle {
                 property var peg: geo.pegs[String(modelData.n)]
@@ -155,7 +163,7 @@ Item {
                     font.pixelSize: lay.labelFont
                     font.bold: true
                 }
-                MouseArea { anchors.fill: parent; onClicked: app.tunerAction(modelData.action) }
+                MouseArea { anchors.fill: parent; onClicked: screen.playString(modelData.n) }
             }
         }
     }

@@ -1,4 +1,5 @@
 import QtQuick
+import UkuleleTuner
 import "Theme.js" as Theme
 
 // The tuning fork: a reference tone for each string of the selected tuning, and a
@@ -6,9 +7,19 @@ import "Theme.js" as Theme
 Sheet {
     id: sheet
     title: qsTr("Tuning Fork")
-    property var o: app.tuner
-    property var lay: app.layout
+    property var o: App.tunerOutlets
+    property var lay: App.layout
     property real u: lay.unit || 1
+
+    // The buttons from left to right: strings 4, 3, 2, 1.
+    function playFork(button) {
+        switch (button) {
+        case 0: App.tuner.playG392Hz(); break
+        case 1: App.tuner.playC261_6Hz(); break
+        case 2: App.tuner.playE329_6(); break
+        case 3: App.tuner.playA440Hz(); break
+        }
+    }
 
     Column {
         id: content
@@ -54,10 +65,10 @@ Sheet {
                                                (content.width - 3 * spacing) / 4)
             Repeater {
                 model: [
-                    { name: "g4TFButton", outlet: o.g4TFButton, action: "playG392Hz" },
-                    { name: "c4TFButton", outlet: o.c4TFButton, action: "playC261_6Hz" },
-                    { name: "e4TFButton", outlet: o.e4TFButton, action: "playE329_6" },
-                    { name: "a4TFButton", outlet: o.a4TFButton, action: "playA440Hz" }
+                    { name: "g4TFButton", outlet: o.g4TFButton },
+                    { name: "c4TFButton", outlet: o.c4TFButton },
+                    { name: "e4TFButton", outlet: o.e4TFButton },
+                    { name: "a4TFButton", outlet: o.a4TFButton }
                 ]
                 delegate: Rectangle {
                     objectName: modelData.name
@@ -78,7 +89,7 @@ Sheet {
                         font.pixelSize: lay.labelFont
                         font.bold: true
                     }
-                    MouseArea { id: press; anchors.fill: parent; onClicked: app.tunerAction(modelData.action) }
+                    MouseArea { id: press; anchors.fill: parent; onClicked: sheet.playFork(index) }
                 }
             }
         }
@@ -99,7 +110,7 @@ Sheet {
                 font.pixelSize: lay.labelFont
                 font.bold: true
             }
-            MouseArea { id: stop; anchors.fill: parent; onClicked: app.tunerAction("stopFreqPlay") }
+            MouseArea { id: stop; anchors.fill: parent; onClicked: App.tuner.stopFreqPlay() }
         }
     }
 }
