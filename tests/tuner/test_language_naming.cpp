@@ -18,6 +18,7 @@ using Four = std::array<std::string, 4>;
 
 struct Texts {
     Four notes, chart, buttons;
+    bool operator==(const Texts&) const = default;
 };
 
 Four words(const char* text) {
@@ -74,7 +75,21 @@ const std::map<std::string, std::array<Four, 2>>& deviceLanguageNotes() {
     return notes;
 }
 
-class Naming : public test::TunerFixture, public ::testing::WithParamInterface<std::string> {
+class NamingOverride : public test::TunerFixture {
+protected:
+    void goTo(int64_t tuning) {
+        while (state.chosenTuning < tuning)
+            controller->showNextTuning();
+    }
+    Texts texts() const {
+        return {{screen.firstString.text, screen.secondString.text, screen.thirdString.text, screen.fourthString.text},
+                {screen.firstStringNoteAndFreq.text, screen.secondStringNoteAndFreq.text,
+                 screen.thirdStringNoteAndFreq.text, screen.fourthStringNoteAndFreq.text},
+                {screen.a4TFButton.title, screen.e4TFButton.title, screen.c4TFButton.title, screen.g4TFButton.title}};
+    }
+};
+
+class Naming : public NamingOverride, public ::testing::WithParamInterface<std::string> {
 protected:
     void SetUp() override {
         const TsStringTable* table = builtInStrings(GetParam());
@@ -89,16 +104,6 @@ protected:
         launch();
     }
     void choose(long row) { app->selectLanguage(row); }
-    void goTo(int64_t tuning) {
-        while (state.chosenTuning < tuning)
-            controller->showNextTuning();
-    }
-    Texts texts() const {
-        return {{screen.firstString.text, screen.secondString.text, screen.thirdString.text, screen.fourthString.text},
-                {screen.firstStringNoteAndFreq.text, screen.secondStringNoteAndFreq.text,
-                 screen.thirdStringNoteAndFreq.text, screen.fourthStringNoteAndFreq.text},
-                {screen.a4TFButton.title, screen.e4TFButton.title, screen.c4TFButton.title, screen.g4TFButton.title}};
-    }
 };
 
 TEST_P(Naming, RowsOneToFiveWriteTheirTextsAndOnlySomeHonourTheChartSwitch) {
@@ -112,10 +117,9 @@ TEST_P(Naming, RowsOneToFiveWriteTheirTextsAndOnlySomeHonourTheChartSwitch) {
                 controller->toggleFreqChart(false);
             const Four before = texts().chart;
             choose(r.row);
-            const Texts t = texts(), expected = r.texts();
-            EXPECT_EQ(t.notes, expected.notes);
-            EXPECT_EQ(t.buttons, expected.buttons);
-            EXPECT_EQ(t.chart, !chartOn && r.honoursChartSwitch ? before : expected.chart);
+            const Texts expected = r.texts();
+            EXPECT_EQ(texts(), (Texts{expected.notes, !chartOn && r.honoursChartSwitch ? before : expected.chart,
+                                      expected.buttons}));
         }
 }
 
@@ -128,21 +132,15 @@ TEST_P(Naming, RowZeroFormatsTheDeviceLanguageNotesWithOctaveFourOnly) {
         goTo(tuning);
         const Texts letters = texts();
         choose(0);
-        const Texts t = texts();
-        EXPECT_EQ(t.notes, known->second[static_cast<size_t>(tuning - 1)]);
-        EXPECT_EQ(t.chart, letters.chart);
-        EXPECT_EQ(t.buttons, letters.buttons);
+        EXPECT_EQ(texts(), (Texts{known->second[static_cast<size_t>(tuning - 1)], letters.chart, letters.buttons}));
     }
 }
 
 TEST_P(Naming, PickerRowsAreTheSixLanguageNames) {
-    const auto& rows = screen.establecerIdioma.rows;
     ASSERT_EQ(controller->numberOfRowsInComponent(), 6);
     for (long i = 0; i < 6; ++i) {
-        const std::string key = "Lang" + std::to_string(i);
-        EXPECT_EQ(rows[static_cast<size_t>(i)], platform.strings.localized(key)) << key;
-        EXPECT_FALSE(rows[static_cast<size_t>(i)].empty()) << key;
-        EXPECT_EQ(controller->titleForRow(i), rows[static_cast<size_t>(i)]);
+        EXPECT_EQ(controller->titleForRow(i), platform.strings.localized("Lang" + std::to_string(i))) << i;
+        EXPECT_EQ(screen.establecerIdioma.rows[static_cast<size_t>(i)], controller->titleForRow(i)) << i;
     }
     EXPECT_EQ(controller->titleForRow(6), "");
 }
@@ -166,41 +164,35 @@ INSTANTIATE_TEST_SUITE_P(EveryLanguage, Naming, ::testing::ValuesIn(builtInLangu
                          [](const ::testing::TestParamInfo<std::string>& info) { return info.param; });
 
 // The cases that do not depend on the language.
-using NamingOverride = test::TunerFixture;
-
-TEST_F(NamingOverride, AfterARelaunchTheStoredRowAloneChangesNothing) {
+TEST_F(NamingOverride, OnlyTheRowBothChosenAndStoredIsAppliedAndOnlyAtTheOverride) {
     launch();
-    controller->didSelectRow(2);
-    EXPECT_EQ(platform.memoryStore.integerForKey(keys::SavedLanguage), 2);
+    controller->didSelectRow(3);
+    controller->didSelectRow(6); // rows above five, and below zero, are ignored
+    controller->didSelectRow(-1);
+    EXPECT_EQ(state.languageIndex, 3);
+    EXPECT_EQ(platform.memoryStore.integerForKey(keys::SavedLanguage), 3);
+    EXPECT_EQ(screen.firstString.text, "A4") << "selecting stores the row; the texts change only at the override";
+    // After a relaunch the stored row alone changes nothing, nor does one chosen but not stored.
     rebuild();
     launch();
     ASSERT_EQ(state.languageIndex, 1);
     controller->overrideDefaultLanguage();
-    EXPECT_EQ(screen.firstString.text, "A4");
-    EXPECT_EQ(screen.a4TFButton.title, "A4");
-    EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 440.0Hz");
-}
-
-TEST_F(NamingOverride, ARowChosenButNotStoredIsNotApplied) {
-    launch();
-    state.languageIndex = 2; // the store still says 1
+    EXPECT_EQ(texts(), kNamedRows[0].texts()) << "the letters of row 1";
+    state.languageIndex = 2;
     controller->overrideDefaultLanguage();
     EXPECT_EQ(screen.firstString.text, "A4");
 }
 
 TEST_F(NamingOverride, TuningsOtherThanOneAndTwoAreLeftAlone) {
     launch();
-    controller->showNextTuning();
+    goTo(2);
     for (int64_t tuning = 3; tuning <= 11; ++tuning) {
         controller->showNextTuning();
         ASSERT_EQ(state.chosenTuning, tuning);
-        const TunerScreenModel before = screen;
+        const Texts before = texts();
         controller->didSelectRow(5);
         controller->overrideDefaultLanguage();
-        EXPECT_EQ(screen.firstString, before.firstString) << tuning;
-        EXPECT_EQ(screen.fourthString, before.fourthString) << tuning;
-        EXPECT_EQ(screen.firstStringNoteAndFreq, before.firstStringNoteAndFreq) << tuning;
-        EXPECT_EQ(screen.g4TFButton, before.g4TFButton) << tuning;
+        EXPECT_EQ(texts(), before) << tuning;
     }
 }
 
