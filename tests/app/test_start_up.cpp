@@ -67,17 +67,12 @@ TEST(StartUp, WalksTheTableLoggingAfterEachGroupAndBuildsTheWindowInPlace) {
 }
 
 TEST(StartUp, ClassesOfNoTableBuildNoWindowButLogAsTheirIdiomDoes) {
-    const struct {
-        Idiom idiom;
-        double height;
-        size_t lines;
-        const char* line;
-    } cases[] = {{Idiom::Pad, 844, 4, "iPad has a height of: 844.000000"}, {Idiom::Other, 844, 0, ""}};
-    for (const auto& c : cases) {
-        StartUp s(c.idiom, c.height);
-        EXPECT_TRUE(s.run().empty()) << c.height;
-        EXPECT_EQ(s.platform.log.lines, std::vector<std::string>(c.lines, c.line)) << c.height;
-    }
+    // A phone of no table: the golden screen outputs (phone-900).
+    StartUp pad(Idiom::Pad, 844), other(Idiom::Other, 844);
+    EXPECT_TRUE(pad.run().empty());
+    EXPECT_EQ(pad.platform.log.lines, std::vector<std::string>(4, "iPad has a height of: 844.000000"));
+    EXPECT_TRUE(other.run().empty());
+    EXPECT_TRUE(other.platform.log.lines.empty());
 }
 
 TEST(StartUp, ConfiguresTheRatingPromptBeforeTheWindow) {

@@ -110,13 +110,5 @@ TEST_F(SettingsPanel, CaptionsAndAboutTextsComeFromTheMainTable) {
     EXPECT_EQ(screen.micSensitivityLabel.text, "Microphone");
 }
 
-TEST_F(SettingsPanel, MakerButtonOpensTheMakersSite) {
-    launch();
-    controller->redirectToMorvaneLabs();
-    controller->setMakerUrl("http://127.0.0.1:9/maker");
-    controller->redirectToMorvaneLabs();
-    EXPECT_EQ(platform.urls.opened, (std::vector<std::string>{UKE_MAKER_URL, "http://127.0.0.1:9/maker"}));
-}
-
 } // namespace
 } // namespace uke
