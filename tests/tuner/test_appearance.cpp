@@ -16,7 +16,6 @@ TEST_F(Appearance, FirstLaunchWipesSeedsAndLeavesTheControlsAsTheyWere) {
     auto& st = platform.memoryStore;
     EXPECT_FALSE(st.hasKey("chordsSearched"));
     EXPECT_FALSE(st.hasKey(keys::kRatingPromptUseCount));
-    EXPECT_EQ(st.integerForKey(keys::soundNotificationEnabled), 1) << "a stored YES reads back as 1";
     EXPECT_FALSE(st.hasKey(keys::currentlyUsingTuningFork));
     EXPECT_EQ(st.synchronizeCount, 2) << "once after the seven values, once after the marker";
     EXPECT_EQ(state.micSensitivityValue, 3);
