@@ -26,7 +26,7 @@ void onSignal(int) { interrupted = true; }
 } // namespace
 #endif
 
-int cmdListen(const Words& words, std::ostream& out, std::ostream& err) {
+int cmdListen(const Words& words, [[maybe_unused]] std::ostream& out, std::ostream& err) {
     Args args({"tuning", "a4", "sensitivity", "device", "format"}, {});
     TunerOptions options;
     std::string error;
