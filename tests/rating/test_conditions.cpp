@@ -164,39 +164,35 @@ TEST_F(Alert, TextsComeFromTheTableThenTheNameChain) {
 TEST_F(Alert, ButtonsDoWhatTheySayAndTellTheDelegateWhichCanHoldTheAlertBack) {
     RecordingDelegate delegate;
     rating->setDelegate(&delegate);
-    rating->forceShowPrompt(true);
-    EXPECT_EQ(delegate.displayed, 1);
-    platform.alerts.press(2);
-    EXPECT_TRUE(store().boolForKey(keys::kRatingPromptDeclinedToRate));
-    EXPECT_EQ(delegate.declined, 1);
-    EXPECT_FALSE(rating->alertVisible());
-
-    rating->forceShowPrompt(true);
-    platform.alerts.press(1);
-    EXPECT_EQ(delegate.remindLater, 1);
-
-    rating->forceShowPrompt(false);
-    platform.alerts.press(0);
-    EXPECT_TRUE(store().boolForKey(keys::kRatingPromptRatedCurrentVersion));
-    EXPECT_EQ(platform.urls.opened.size(), 1u);
-    EXPECT_EQ(delegate.rated, 1);
-    EXPECT_FALSE(rating->alertVisible());
-
     // Without the later button, the second button is cancel.
-    store().wipeDomain();
-    rating->forceShowPrompt(false);
-    platform.alerts.press(1);
-    EXPECT_TRUE(store().boolForKey(keys::kRatingPromptDeclinedToRate));
-    EXPECT_EQ(delegate.declined, 2);
-    EXPECT_EQ(delegate.displayed, 4);
-    EXPECT_EQ(delegate.asked, 4);
+    const struct {
+        bool later;
+        int button;
+        const char* stored;
+        int RecordingDelegate::*told;
+    } cases[] = {{true, 0, keys::kRatingPromptRatedCurrentVersion, &RecordingDelegate::rated},
+                 {true, 1, keys::kRatingPromptReminderRequestDate, &RecordingDelegate::remindLater},
+                 {true, 2, keys::kRatingPromptDeclinedToRate, &RecordingDelegate::declined},
+                 {false, 0, keys::kRatingPromptRatedCurrentVersion, &RecordingDelegate::rated},
+                 {false, 1, keys::kRatingPromptDeclinedToRate, &RecordingDelegate::declined}};
+    for (const auto& c : cases) {
+        store().wipeDomain();
+        const int before = delegate.*c.told;
+        rating->forceShowPrompt(c.later);
+        platform.alerts.press(c.button);
+        EXPECT_EQ(delegate.*c.told, before + 1) << c.later << c.button;
+        EXPECT_TRUE(store().hasKey(c.stored)) << c.later << c.button;
+        EXPECT_FALSE(rating->alertVisible());
+    }
+    EXPECT_EQ(platform.urls.opened.size(), 2u);
+    EXPECT_EQ(delegate.asked + delegate.displayed, 10);
 
     delegate.allow = false;
     platform.storeReview.hasReviewRequest = true;
     rating->forceShowPrompt(true);
-    EXPECT_EQ(platform.alerts.presentCount, 4);
+    EXPECT_EQ(platform.alerts.presentCount, 5);
     EXPECT_EQ(platform.storeReview.reviewRequests, 0);
-    EXPECT_EQ(delegate.displayed, 4);
+    EXPECT_EQ(delegate.displayed, 5);
 }
 
 TEST_F(Alert, ThePlatformRequestComesFirstThenTheStoreOrElseItsSheet) {

@@ -93,26 +93,27 @@ TEST_F(TuningFork, ToneFollowsTheStoredCalibration) {
     EXPECT_EQ(screen.tfFreqLabel.text, "383.1Hz"); // 392.00 x 430/440
 }
 
-TEST_F(TuningFork, PlayStartsTheStreamAndStopStopsItOnce) {
+// The demonstration screen shows the notes but stays silent.
+TEST_F(TuningFork, PlayStartsTheStreamStopStopsItOnceAndEachAppearanceMakesAFreshOne) {
     controller->stopFreqPlay(); // stopped already: nothing happens
-    EXPECT_EQ(platform.output.stopCount, 0);
     press(1);
-    if (demoModeEnabled) {
-        // The demonstration screen shows the note but stays silent.
-        EXPECT_EQ(controller->curPlayState(), 1);
-        EXPECT_EQ(platform.output.startCount, 0);
-        EXPECT_EQ(screen.tfnoteDisplay.text, "A4");
-        return;
-    }
-    EXPECT_EQ(controller->curPlayState(), 0);
-    // A second press retunes the running tone; nothing is stopped in between.
-    press(3);
-    EXPECT_EQ(platform.output.startCount, 2);
+    EXPECT_EQ(controller->curPlayState(), demoModeEnabled ? 1 : 0);
+    press(3); // retunes the running tone; nothing is stopped in between
+    EXPECT_EQ(platform.output.startCount, demoModeEnabled ? 0 : 2);
     EXPECT_EQ(platform.output.stopCount, 0);
     controller->stopFreqPlay();
     controller->stopFreqPlay();
     EXPECT_EQ(controller->curPlayState(), 1);
-    EXPECT_EQ(platform.output.stopCount, 1);
+    EXPECT_EQ(platform.output.stopCount, demoModeEnabled ? 0 : 1);
+
+    press(1);
+    controller->setCurTone(3);
+    const double phase = tone.phase();
+    controller->viewWillAppear();
+    EXPECT_EQ(controller->curTone(), 1);
+    EXPECT_EQ(controller->curPlayState(), 1);
+    EXPECT_EQ(platform.output.setupCount, demoModeEnabled ? 0 : 2);
+    EXPECT_EQ(tone.phase(), phase) << "the synthesis state survives";
 }
 
 TEST_F(TuningFork, StreamRendersTheGeneratorsToneWithTheControllersWaveform) {
@@ -125,18 +126,6 @@ TEST_F(TuningFork, StreamRendersTheGeneratorsToneWithTheControllersWaveform) {
     controller->setCurTone(0);
     const double phase = tone.phase();
     EXPECT_EQ(platform.output.pull(1)[0], static_cast<int16_t>(29725.671468948 * std::sin(phase)));
-}
-
-TEST_F(TuningFork, EachAppearanceMakesAFreshStreamAndResetsTheControls) {
-    press(1);
-    controller->setCurTone(3);
-    const double phase = tone.phase();
-    controller->viewWillAppear();
-    EXPECT_EQ(controller->curTone(), 1);
-    EXPECT_EQ(controller->curPlayState(), 1);
-    EXPECT_EQ(platform.output.setupCount, demoModeEnabled ? 0 : 2);
-    // The synthesis state survives: the next tone resumes at the old phase.
-    EXPECT_EQ(tone.phase(), phase);
 }
 
 TEST_F(TuningFork, EveryStringPressMakesAFreshPlayerAndAMissingFileIsQuiet) {
