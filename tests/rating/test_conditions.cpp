@@ -62,7 +62,7 @@ TEST_F(Conditions, RemindLaterWaitsTheReminderTime) {
 
 using Appropriate = RatingFixture;
 
-TEST_F(Appropriate, DeclinedOrRatedVersionsNeverPrompt) {
+TEST_F(Appropriate, DeclinedOrRatedVersionsNeverPromptAndOneAlertShowsAtATime) {
     for (const char* key : {keys::kRatingPromptDeclinedToRate, keys::kRatingPromptRatedCurrentVersion}) {
         store().wipeDomain();
         seedMet(300.0, 500);
@@ -75,10 +75,9 @@ TEST_F(Appropriate, DeclinedOrRatedVersionsNeverPrompt) {
     }
     rating->forceShowPrompt(true);
     EXPECT_EQ(platform.alerts.presentCount, 1) << "forcing skips the checks";
-}
 
-TEST_F(Appropriate, OneAlertAtATime) {
-    rating->tryToShowPrompt();
+    // One alert at a time; going inactive dismisses it.
+    store().wipeDomain();
     rating->tryToShowPrompt();
     EXPECT_EQ(platform.alerts.presentCount, 1);
     rating->appWillResignActive();
@@ -88,9 +87,9 @@ TEST_F(Appropriate, OneAlertAtATime) {
     EXPECT_EQ(platform.alerts.presentCount, 2);
 }
 
-TEST(Network, FlagsAndTheFetchDecideAndUnreadableFlagsLogAndAnswerNo) {
-    VirtualPlatform platform;
-    RatingPrompt rating(platform.services());
+using Network = RatingFixture;
+
+TEST_F(Network, FlagsAndTheFetchDecideAndUnreadableFlagsLogAndAnswerNo) {
     struct Case {
         NetworkProbe::Flags flags;
         bool suspended;
@@ -102,7 +101,7 @@ TEST(Network, FlagsAndTheFetchDecideAndUnreadableFlagsLogAndAnswerNo) {
     for (const auto& c : cases) {
         platform.network.flags = c.flags;
         platform.network.suspended = c.suspended;
-        EXPECT_EQ(rating.connectedToNetwork(), c.connected)
+        EXPECT_EQ(rating->connectedToNetwork(), c.connected)
             << c.flags.reachable << c.flags.connectionRequired << c.flags.transientConnection << c.suspended;
     }
     ASSERT_EQ(platform.network.fetched.size(), std::size(cases)) << "fetched whatever the flags say";
@@ -111,10 +110,10 @@ TEST(Network, FlagsAndTheFetchDecideAndUnreadableFlagsLogAndAnswerNo) {
     platform.network.flags.reset();
     platform.network.suspended = false;
     platform.network.fetched.clear();
-    EXPECT_FALSE(rating.connectedToNetwork());
+    EXPECT_FALSE(rating->connectedToNetwork());
     EXPECT_EQ(platform.log.lines, std::vector<std::string>{"Error. Could not recover network reachability flags"});
     EXPECT_TRUE(platform.network.fetched.empty());
-    rating.tryToShowPrompt();
+    rating->tryToShowPrompt();
     EXPECT_EQ(platform.alerts.presentCount, 0);
 }
 
@@ -128,10 +127,8 @@ TEST_F(Alert, TextsAndButtonsBuiltInOrCustom) {
               "minute. Thanks for your support!");
     EXPECT_EQ(platform.alerts.buttons,
               (std::vector<std::string>{"Rate Ukulele Tuner", "Remind me later", "No, Thanks"}));
-    platform.alerts.press(2);
     rating->forceShowPrompt(false);
     EXPECT_EQ(platform.alerts.buttons, (std::vector<std::string>{"Rate Ukulele Tuner", "No, Thanks"}));
-    platform.alerts.press(1);
 
     // Custom texts are used as they are.
     rating->setCustomAlertTitle("Enjoying %@?");
