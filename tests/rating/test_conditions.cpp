@@ -45,9 +45,8 @@ TEST_F(Conditions, DaysUsesAndEventsCountFromTheirThresholds) {
     EXPECT_FALSE(fresh.ratingConditionsHaveBeenMet());
     fresh.setDebug(true);
     EXPECT_TRUE(fresh.ratingConditionsHaveBeenMet());
-}
 
-TEST_F(Conditions, RemindLaterWaitsTheReminderTime) {
+    // "Remind me later" waits the reminder time.
     seedMet();
     rating->incrementAndRate(true);
     platform.alerts.press(1); // "Remind me later"
@@ -130,19 +129,7 @@ TEST_F(Alert, TextsAndButtonsBuiltInOrCustom) {
     rating->forceShowPrompt(false);
     EXPECT_EQ(platform.alerts.buttons, (std::vector<std::string>{"Rate Ukulele Tuner", "No, Thanks"}));
 
-    // Custom texts are used as they are.
-    rating->setCustomAlertTitle("Enjoying %@?");
-    rating->setCustomAlertMessage("Tell us");
-    rating->setCustomAlertCancelButtonTitle("Never");
-    rating->setCustomAlertRateButtonTitle("Sure");
-    rating->setCustomAlertRateLaterButtonTitle("");
-    rating->forceShowPrompt(true);
-    EXPECT_EQ(platform.alerts.title, "Enjoying %@?");
-    EXPECT_EQ(platform.alerts.message, "Tell us");
-    EXPECT_EQ(platform.alerts.buttons, (std::vector<std::string>{"Sure", "", "Never"}));
-}
-
-TEST_F(Alert, TextsComeFromTheTableThenTheNameChain) {
+    // Texts come from the prompt's table, then the name chain.
     platform.strings.set("Rate %@", "Valorar %@", RatingPrompt::kStringTable);
     platform.strings.set("No, Thanks", "", RatingPrompt::kStringTable); // empty: the key stands in
     platform.strings.set("CFBundleDisplayName", "Afinador", RatingPrompt::kStringTable);
@@ -156,6 +143,17 @@ TEST_F(Alert, TextsComeFromTheTableThenTheNameChain) {
     rating->setBundle({UKE_VERSION, "", "Uke"});
     EXPECT_EQ(rating->appName(), "Uke");
     EXPECT_EQ(rating->alertTitle(), "Rate Uke");
+
+    // Custom texts are used as they are.
+    rating->setCustomAlertTitle("Enjoying %@?");
+    rating->setCustomAlertMessage("Tell us");
+    rating->setCustomAlertCancelButtonTitle("Never");
+    rating->setCustomAlertRateButtonTitle("Sure");
+    rating->setCustomAlertRateLaterButtonTitle("");
+    rating->forceShowPrompt(true);
+    EXPECT_EQ(platform.alerts.title, "Enjoying %@?");
+    EXPECT_EQ(platform.alerts.message, "Tell us");
+    EXPECT_EQ(platform.alerts.buttons, (std::vector<std::string>{"Sure", "", "Never"}));
 }
 
 TEST_F(Alert, ButtonsDoWhatTheySayAndTellTheDelegateWhichCanHoldTheAlertBack) {
@@ -213,9 +211,8 @@ TEST_F(Alert, ThePlatformRequestComesFirstThenTheStoreOrElseItsSheet) {
     platform.storeReview.hasStoreSheet = false;
     rating->rateApp();
     EXPECT_EQ(platform.urls.opened.size(), 2u);
-}
 
-TEST_F(Alert, StoreTemplatesBySystemVersion) {
+    // The store address by system version.
     const std::string reviews = "itms-apps://" UKE_STORE_HOST "/WebObjects/MZStore.woa/wa/viewContentsUserReviews";
     const std::string before7 = reviews + "?type=Purple+Software&id=123456";
     const std::string on7 = "itms-apps://" UKE_STORE_HOST "/app/id123456";
