@@ -12,27 +12,9 @@ namespace uke::test {
 
 constexpr double kDay = 86400.0;
 
-// Records every delegate call; can refuse the alert.
-struct RecordingDelegate : RatingPromptDelegate {
-    bool ratingPromptShouldDisplayAlert(RatingPrompt&) override {
-        ++asked;
-        return allow;
-    }
-    void ratingPromptDidDisplayAlert(RatingPrompt&) override { ++displayed; }
-    void ratingPromptDidDeclineToRate(RatingPrompt&) override { ++declined; }
-    void ratingPromptDidOptToRate(RatingPrompt&) override { ++rated; }
-    void ratingPromptDidOptToRemindLater(RatingPrompt&) override { ++remindLater; }
-    bool allow = true;
-    int asked = 0, displayed = 0, declined = 0, rated = 0, remindLater = 0;
-};
-
 class RatingFixture : public ::testing::Test {
 protected:
-    RatingFixture() { rebuild(); }
-
-    void rebuild() {
-        rating.reset();
-        rating = std::make_unique<RatingPrompt>(platform.services());
+    RatingFixture() : rating(std::make_unique<RatingPrompt>(platform.services())) {
         rating->setAppId("123456");
         rating->setDaysUntilPrompt(2.0);
         rating->setUsesUntilPrompt(2);
@@ -42,6 +24,7 @@ protected:
     }
 
     SettingsStore& store() { return platform.memoryStore; }
+    bool met() const { return rating->ratingConditionsHaveBeenMet(); }
     double now() const { return platform.runLoop.now(); }
     void runPending() { platform.runLoop.runPending(); }
 

@@ -30,10 +30,7 @@ TEST_F(TunerPrompt, AttemptsGrowWithTheRunCount) {
         EXPECT_EQ(attemptsAt(runs), expected) << runs << " runs";
         EXPECT_EQ(platform.alerts.presentCount, expected > 0 ? 1 : 0) << runs << " runs";
     }
-}
-
-TEST_F(TunerPrompt, NineRunsWithThePlatformRequestAskOnce) {
-    launch();
+    // With the platform request, nine runs ask it once and never show the alert.
     platform.storeReview.hasReviewRequest = true;
     EXPECT_EQ(attemptsAt(9), demoModeEnabled ? 0u : 4u);
     EXPECT_EQ(platform.storeReview.reviewRequests, demoModeEnabled ? 0 : 1);

@@ -3,50 +3,54 @@
 namespace uke::test {
 namespace {
 
+// Records every delegate call; can refuse the alert.
+struct RecordingDelegate : RatingPromptDelegate {
+    bool ratingPromptShouldDisplayAlert(RatingPrompt&) override {
+        ++asked;
+        return allow;
+    }
+    void ratingPromptDidDisplayAlert(RatingPrompt&) override { ++displayed; }
+    void ratingPromptDidDeclineToRate(RatingPrompt&) override { ++declined; }
+    void ratingPromptDidOptToRate(RatingPrompt&) override { ++rated; }
+    void ratingPromptDidOptToRemindLater(RatingPrompt&) override { ++remindLater; }
+    bool allow = true;
+    int asked = 0, displayed = 0, declined = 0, rated = 0, remindLater = 0;
+};
+
 using Conditions = RatingFixture;
 
-TEST_F(Conditions, DaysSinceFirstUseAndUsesCountFromTheirThresholds) {
+TEST_F(Conditions, DaysUsesAndEventsCountFromTheirThresholds) {
     seedMet(2.0);
-    EXPECT_TRUE(rating->ratingConditionsHaveBeenMet()) << "exactly two days";
+    EXPECT_TRUE(met()) << "exactly two days";
     store().setDouble(keys::kRatingPromptFirstUseDate, now() - 2.0 * kDay + 1.0);
-    EXPECT_FALSE(rating->ratingConditionsHaveBeenMet());
+    EXPECT_FALSE(met());
     platform.runLoop.advanceBy(1.0);
-    EXPECT_TRUE(rating->ratingConditionsHaveBeenMet());
+    EXPECT_TRUE(met());
 
     seedMet(3.0, 1);
-    EXPECT_FALSE(rating->ratingConditionsHaveBeenMet());
+    EXPECT_FALSE(met());
     rating->incrementUseCount();
-    EXPECT_TRUE(rating->ratingConditionsHaveBeenMet());
-}
-
-TEST_F(Conditions, SignificantEventsAtMinusOneNeverBlock) {
-    seedMet();
-    EXPECT_FALSE(store().hasKey(keys::kRatingPromptSignificantEventCount));
-    EXPECT_TRUE(rating->ratingConditionsHaveBeenMet());
+    EXPECT_TRUE(met());
+    EXPECT_FALSE(store().hasKey(keys::kRatingPromptSignificantEventCount)) << "-1: events never block";
 
     rating->setSignificantEventsUntilPrompt(2);
-    EXPECT_FALSE(rating->ratingConditionsHaveBeenMet());
+    EXPECT_FALSE(met());
     rating->incrementSignificantEventCount();
-    EXPECT_FALSE(rating->ratingConditionsHaveBeenMet());
+    EXPECT_FALSE(met());
     rating->incrementSignificantEventCount();
-    EXPECT_TRUE(rating->ratingConditionsHaveBeenMet());
-}
+    EXPECT_TRUE(met());
 
-TEST_F(Conditions, BuiltInDefaultsAreStricterThanStartUpButDebugOverridesThem) {
+    // The built-in defaults are stricter than start-up's, but debug overrides them.
     RatingPrompt fresh(platform.services());
-    seedMet(3.0, 5);
     EXPECT_FALSE(fresh.ratingConditionsHaveBeenMet());
     fresh.setDebug(true);
     EXPECT_TRUE(fresh.ratingConditionsHaveBeenMet());
-}
 
-TEST_F(Conditions, RemindLaterWaitsTheReminderTime) {
+    // "Remind me later" waits the reminder time.
     seedMet();
     rating->incrementAndRate(true);
-    ASSERT_EQ(platform.alerts.presentCount, 1);
     platform.alerts.press(1); // "Remind me later"
     EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptReminderRequestDate), now());
-
     platform.runLoop.shiftEpoch(2.0 * kDay - 60.0);
     rating->incrementAndRate(true);
     EXPECT_EQ(platform.alerts.presentCount, 1);
@@ -57,7 +61,7 @@ TEST_F(Conditions, RemindLaterWaitsTheReminderTime) {
 
 using Appropriate = RatingFixture;
 
-TEST_F(Appropriate, DeclinedOrRatedVersionsNeverPrompt) {
+TEST_F(Appropriate, DeclinedOrRatedVersionsNeverPromptAndOneAlertShowsAtATime) {
     for (const char* key : {keys::kRatingPromptDeclinedToRate, keys::kRatingPromptRatedCurrentVersion}) {
         store().wipeDomain();
         seedMet(300.0, 500);
@@ -70,13 +74,11 @@ TEST_F(Appropriate, DeclinedOrRatedVersionsNeverPrompt) {
     }
     rating->forceShowPrompt(true);
     EXPECT_EQ(platform.alerts.presentCount, 1) << "forcing skips the checks";
-}
 
-TEST_F(Appropriate, OneAlertAtATime) {
-    rating->tryToShowPrompt();
+    // One alert at a time; going inactive dismisses it.
+    store().wipeDomain();
     rating->tryToShowPrompt();
     EXPECT_EQ(platform.alerts.presentCount, 1);
-    EXPECT_TRUE(rating->alertVisible());
     rating->appWillResignActive();
     EXPECT_EQ(platform.alerts.dismissCount, 1);
     EXPECT_FALSE(rating->alertVisible());
@@ -86,16 +88,7 @@ TEST_F(Appropriate, OneAlertAtATime) {
 
 using Network = RatingFixture;
 
-TEST_F(Network, UnreadableFlagsLogAndAnswerNo) {
-    platform.network.flags.reset();
-    EXPECT_FALSE(rating->connectedToNetwork());
-    EXPECT_EQ(platform.log.lines, std::vector<std::string>{"Error. Could not recover network reachability flags"});
-    EXPECT_TRUE(platform.network.fetched.empty());
-    rating->tryToShowPrompt();
-    EXPECT_EQ(platform.alerts.presentCount, 0);
-}
-
-TEST_F(Network, FlagsAndTheFetchDecide) {
+TEST_F(Network, FlagsAndTheFetchDecideAndUnreadableFlagsLogAndAnswerNo) {
     struct Case {
         NetworkProbe::Flags flags;
         bool suspended;
@@ -112,11 +105,20 @@ TEST_F(Network, FlagsAndTheFetchDecide) {
     }
     ASSERT_EQ(platform.network.fetched.size(), std::size(cases)) << "fetched whatever the flags say";
     EXPECT_EQ(platform.network.fetched.front(), UKE_PROBE_URL);
+
+    platform.network.flags.reset();
+    platform.network.suspended = false;
+    platform.network.fetched.clear();
+    EXPECT_FALSE(rating->connectedToNetwork());
+    EXPECT_EQ(platform.log.lines, std::vector<std::string>{"Error. Could not recover network reachability flags"});
+    EXPECT_TRUE(platform.network.fetched.empty());
+    rating->tryToShowPrompt();
+    EXPECT_EQ(platform.alerts.presentCount, 0);
 }
 
 using Alert = RatingFixture;
 
-TEST_F(Alert, TextsAndButtons) {
+TEST_F(Alert, TextsAndButtonsBuiltInOrCustom) {
     rating->forceShowPrompt(true);
     EXPECT_EQ(platform.alerts.title, "Rate Ukulele Tuner");
     EXPECT_EQ(platform.alerts.message,
@@ -124,13 +126,10 @@ TEST_F(Alert, TextsAndButtons) {
               "minute. Thanks for your support!");
     EXPECT_EQ(platform.alerts.buttons,
               (std::vector<std::string>{"Rate Ukulele Tuner", "Remind me later", "No, Thanks"}));
-
-    platform.alerts.press(2);
     rating->forceShowPrompt(false);
     EXPECT_EQ(platform.alerts.buttons, (std::vector<std::string>{"Rate Ukulele Tuner", "No, Thanks"}));
-}
 
-TEST_F(Alert, TextsComeFromTheTableThenTheNameChain) {
+    // Texts come from the prompt's table, then the name chain.
     platform.strings.set("Rate %@", "Valorar %@", RatingPrompt::kStringTable);
     platform.strings.set("No, Thanks", "", RatingPrompt::kStringTable); // empty: the key stands in
     platform.strings.set("CFBundleDisplayName", "Afinador", RatingPrompt::kStringTable);
@@ -144,9 +143,8 @@ TEST_F(Alert, TextsComeFromTheTableThenTheNameChain) {
     rating->setBundle({UKE_VERSION, "", "Uke"});
     EXPECT_EQ(rating->appName(), "Uke");
     EXPECT_EQ(rating->alertTitle(), "Rate Uke");
-}
 
-TEST_F(Alert, CustomTextsAreUsedAsTheyAre) {
+    // Custom texts are used as they are.
     rating->setCustomAlertTitle("Enjoying %@?");
     rating->setCustomAlertMessage("Tell us");
     rating->setCustomAlertCancelButtonTitle("Never");
@@ -158,82 +156,63 @@ TEST_F(Alert, CustomTextsAreUsedAsTheyAre) {
     EXPECT_EQ(platform.alerts.buttons, (std::vector<std::string>{"Sure", "", "Never"}));
 }
 
-TEST_F(Alert, ButtonsDoWhatTheySayAndTellTheDelegate) {
+TEST_F(Alert, ButtonsDoWhatTheySayAndTellTheDelegateWhichCanHoldTheAlertBack) {
     RecordingDelegate delegate;
     rating->setDelegate(&delegate);
-
-    rating->forceShowPrompt(true);
-    EXPECT_EQ(delegate.displayed, 1);
-    platform.alerts.press(2);
-    EXPECT_TRUE(store().boolForKey(keys::kRatingPromptDeclinedToRate));
-    EXPECT_EQ(delegate.declined, 1);
-    EXPECT_FALSE(rating->alertVisible());
-
-    rating->forceShowPrompt(true);
-    platform.alerts.press(1);
-    EXPECT_EQ(delegate.remindLater, 1);
-
-    rating->forceShowPrompt(false);
-    platform.alerts.press(0);
-    EXPECT_TRUE(store().boolForKey(keys::kRatingPromptRatedCurrentVersion));
-    EXPECT_EQ(platform.urls.opened.size(), 1u);
-    EXPECT_EQ(delegate.rated, 1);
-    EXPECT_FALSE(rating->alertVisible());
-
     // Without the later button, the second button is cancel.
-    store().wipeDomain();
-    rating->forceShowPrompt(false);
-    platform.alerts.press(1);
-    EXPECT_TRUE(store().boolForKey(keys::kRatingPromptDeclinedToRate));
-    EXPECT_EQ(delegate.declined, 2);
-    EXPECT_EQ(delegate.displayed, 4);
-    EXPECT_EQ(delegate.asked, 4);
-}
+    const struct {
+        bool later;
+        int button;
+        const char* stored;
+        int RecordingDelegate::*told;
+    } cases[] = {{true, 0, keys::kRatingPromptRatedCurrentVersion, &RecordingDelegate::rated},
+                 {true, 1, keys::kRatingPromptReminderRequestDate, &RecordingDelegate::remindLater},
+                 {true, 2, keys::kRatingPromptDeclinedToRate, &RecordingDelegate::declined},
+                 {false, 0, keys::kRatingPromptRatedCurrentVersion, &RecordingDelegate::rated},
+                 {false, 1, keys::kRatingPromptDeclinedToRate, &RecordingDelegate::declined}};
+    for (const auto& c : cases) {
+        store().wipeDomain();
+        const int before = delegate.*c.told;
+        rating->forceShowPrompt(c.later);
+        platform.alerts.press(c.button);
+        EXPECT_EQ(delegate.*c.told, before + 1) << c.later << c.button;
+        EXPECT_TRUE(store().hasKey(c.stored)) << c.later << c.button;
+        EXPECT_FALSE(rating->alertVisible());
+    }
+    EXPECT_EQ(platform.urls.opened.size(), 2u);
+    EXPECT_EQ(delegate.asked + delegate.displayed, 10);
 
-TEST_F(Alert, TheDelegateCanHoldItBack) {
-    RecordingDelegate delegate;
     delegate.allow = false;
-    rating->setDelegate(&delegate);
     platform.storeReview.hasReviewRequest = true;
     rating->forceShowPrompt(true);
-    EXPECT_EQ(platform.alerts.presentCount, 0);
+    EXPECT_EQ(platform.alerts.presentCount, 5);
     EXPECT_EQ(platform.storeReview.reviewRequests, 0);
-    EXPECT_EQ(delegate.displayed, 0);
+    EXPECT_EQ(delegate.displayed, 5);
 }
 
-using Store = RatingFixture;
-
-TEST_F(Store, ThePlatformReviewRequestTakesPrecedence) {
+TEST_F(Alert, ThePlatformRequestComesFirstThenTheStoreOrElseItsSheet) {
     platform.storeReview.hasReviewRequest = true;
     platform.storeReview.hasStoreSheet = true;
     rating->tryToShowPrompt();
     EXPECT_EQ(platform.storeReview.reviewRequests, 1);
     EXPECT_EQ(platform.alerts.presentCount, 0) << "the app's own alert is never shown";
     EXPECT_TRUE(store().boolForKey(keys::kRatingPromptRatedCurrentVersion));
-    EXPECT_TRUE(platform.urls.opened.empty());
-    EXPECT_TRUE(platform.storeReview.sheetsFor.empty());
-
+    EXPECT_TRUE(platform.urls.opened.empty() && platform.storeReview.sheetsFor.empty());
     rating->tryToShowPrompt();
     EXPECT_EQ(platform.storeReview.reviewRequests, 1) << "this version is rated";
-}
 
-TEST_F(Store, TheSheetOnlyWhenNotOpeningTheStore) {
-    platform.storeReview.hasStoreSheet = true;
+    platform.storeReview.hasReviewRequest = false;
     rating->rateApp();
-    EXPECT_TRUE(platform.storeReview.sheetsFor.empty());
     EXPECT_EQ(platform.urls.opened.size(), 1u);
-
     rating->setOpenInAppStore(false);
     rating->rateApp();
     EXPECT_EQ(platform.storeReview.sheetsFor, std::vector<std::string>{"123456"});
     EXPECT_EQ(platform.urls.opened.size(), 1u);
-
     platform.storeReview.hasStoreSheet = false;
     rating->rateApp();
     EXPECT_EQ(platform.urls.opened.size(), 2u);
-}
 
-TEST_F(Store, TemplatesBySystemVersion) {
+    // The store address by system version.
     const std::string reviews = "itms-apps://" UKE_STORE_HOST "/WebObjects/MZStore.woa/wa/viewContentsUserReviews";
     const std::string before7 = reviews + "?type=Purple+Software&id=123456";
     const std::string on7 = "itms-apps://" UKE_STORE_HOST "/app/id123456";
@@ -247,8 +226,7 @@ TEST_F(Store, TemplatesBySystemVersion) {
         platform.device.version = version;
         platform.urls.opened.clear();
         rating->rateApp();
-        ASSERT_EQ(platform.urls.opened.size(), 1u) << version;
-        EXPECT_EQ(platform.urls.opened.front(), url) << version;
+        EXPECT_EQ(platform.urls.opened, std::vector<std::string>{url}) << version;
         // Opening in the store is the default only from system seven on.
         EXPECT_EQ(RatingPrompt(platform.services()).openInAppStore(), url != before7) << version;
     }

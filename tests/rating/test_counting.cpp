@@ -1,6 +1,6 @@
 #include <atomic>
-#include <condition_variable>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -11,140 +11,89 @@ namespace {
 
 using Counting = RatingFixture;
 
-TEST_F(Counting, FirstUseTracksTheVersionAndStartsTheClock) {
-    rating->incrementUseCount();
-    EXPECT_EQ(store().stringForKey(keys::kRatingPromptCurrentVersion), UKE_VERSION);
-    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), now());
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
-    EXPECT_EQ(platform.memoryStore.synchronizeCount, 1);
-
+// What a first use stores shows in the tool's start-up outputs. An event can set
+// the date too; later uses and events keep it and write every count through at once.
+TEST_F(Counting, AnEventCanSetTheFirstUseDateAndLaterCountsKeepIt) {
+    store().setString(keys::kRatingPromptCurrentVersion, UKE_VERSION);
+    rating->incrementSignificantEventCount();
     const double firstUse = now();
+    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), firstUse);
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 0);
     platform.runLoop.shiftEpoch(5 * kDay);
     rating->incrementUseCount();
     rating->incrementSignificantEventCount();
-    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), firstUse) << "kept for the version";
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 2);
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 1);
+    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), firstUse);
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 2);
     EXPECT_EQ(platform.memoryStore.synchronizeCount, 3);
     EXPECT_TRUE(platform.log.lines.empty()) << "no log lines without debug";
 }
 
-TEST_F(Counting, AnEventCanSetTheFirstUseDateOfThisVersion) {
-    store().setString(keys::kRatingPromptCurrentVersion, UKE_VERSION);
-    rating->incrementSignificantEventCount();
-    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), now());
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 0);
-}
-
-class NewVersion : public RatingFixture {
-protected:
-    // A user who rated, declined and asked for a reminder on the last version.
-    void SetUp() override {
+// A user who rated, declined and asked for a reminder on the last version: the
+// first use or event of this one starts afresh, an event deliberately unlike a use
+// (no first-use date and no use counted) until the next use starts the clock.
+TEST_F(Counting, ANewVersionStartsAfreshOnAUseOrAnEvent) {
+    for (bool use : {true, false}) {
+        SCOPED_TRACE(use ? "use" : "event");
+        seedMet(40.0, 17);
         store().setString(keys::kRatingPromptCurrentVersion, "0.9");
-        store().setDouble(keys::kRatingPromptFirstUseDate, now() - 40 * kDay);
-        store().setInteger(keys::kRatingPromptUseCount, 17);
         store().setInteger(keys::kRatingPromptSignificantEventCount, 4);
         store().setBool(keys::kRatingPromptRatedCurrentVersion, true);
         store().setBool(keys::kRatingPromptDeclinedToRate, true);
         store().setDouble(keys::kRatingPromptReminderRequestDate, now() - kDay);
-    }
-    void expectFreshFlags() {
+        use ? rating->incrementUseCount() : rating->incrementSignificantEventCount();
         EXPECT_EQ(store().stringForKey(keys::kRatingPromptCurrentVersion), UKE_VERSION);
         EXPECT_FALSE(store().boolForKey(keys::kRatingPromptRatedCurrentVersion));
         EXPECT_FALSE(store().boolForKey(keys::kRatingPromptDeclinedToRate));
         EXPECT_EQ(store().doubleForKey(keys::kRatingPromptReminderRequestDate), 0.0);
+        EXPECT_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), use ? now() : 0.0);
+        EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), use ? 1 : 0);
+        EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), use ? 0 : 1);
     }
-};
-
-TEST_F(NewVersion, AUseResetsTheCountersAndCountsItself) {
-    rating->incrementUseCount();
-    expectFreshFlags();
-    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), now());
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 0);
-}
-
-TEST_F(NewVersion, AnEventResetsDifferently) {
-    // Deliberately unlike a use: no first-use date and no use counted.
-    rating->incrementSignificantEventCount();
-    expectFreshFlags();
-    EXPECT_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), 0.0);
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 0);
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 1);
-
-    // The next use of the version then starts its clock.
     rating->incrementUseCount();
     EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), now());
     EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
     EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 1);
 }
 
-TEST_F(NewVersion, ADeclinedOrRatedOldVersionDoesNotBlockTheNewOne) {
-    rating->tryToShowPrompt();
-    EXPECT_EQ(platform.alerts.presentCount, 0);
-    rating->incrementUseCount();
-    rating->tryToShowPrompt();
-    EXPECT_EQ(platform.alerts.presentCount, 1);
-}
-
-TEST_F(Counting, DebugLogLinesAreExact) {
+TEST_F(Counting, DebugLogLinesAreExactAndQueuedWorkKeepsItsOrder) {
     rating->setDebug(true);
     store().setString(keys::kRatingPromptCurrentVersion, "0.9");
     rating->incrementUseCount(); // a new version logs only what it tracked
-    rating->incrementUseCount();
-    rating->incrementSignificantEventCount();
+    rating->userDidSignificantEvent(false);
+    rating->appEnteredForeground(false);
+    rating->userDidSignificantEvent(false);
+    EXPECT_EQ(platform.log.lines.size(), 1u) << "queued until the loop runs";
+    runPending();
     rating->appWillResignActive();
-    const std::vector<std::string> expected{
-        "RATINGPROMPT Tracking version: 0.9",
-        "RATINGPROMPT Tracking version: " UKE_VERSION,
-        "RATINGPROMPT Use count: 2",
-        "RATINGPROMPT Tracking version: " UKE_VERSION,
-        "RATINGPROMPT Significant event count: 1",
-        "RATINGPROMPT appWillResignActive",
-    };
+    const std::string v = "Tracking version: " UKE_VERSION;
+    std::vector<std::string> expected{"Tracking version: 0.9", v, "Significant event count: 1", v,
+                                      "Use count: 2",          v, "Significant event count: 2", "appWillResignActive"};
+    for (auto& line : expected)
+        line = "RATINGPROMPT " + line;
     EXPECT_EQ(platform.log.lines, expected);
 }
 
 TEST_F(Counting, LaunchCountsOnceTheLoopRunsAndPromptsOnceTheConditionsHold) {
     rating->appLaunched(true);
-    EXPECT_FALSE(store().hasKey(keys::kRatingPromptUseCount)) << "counted on the caller's stack";
+    EXPECT_FALSE(store().hasKey(keys::kRatingPromptUseCount)) << "not counted on the caller's stack";
     runPending();
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
-    EXPECT_EQ(platform.alerts.presentCount, 0) << "first use: days and uses not reached";
-
     seedMet(2.0, 1);
     rating->appLaunched(false);
     runPending();
     EXPECT_EQ(platform.alerts.presentCount, 0) << "the caller said not now";
     EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 2);
-
     rating->appLaunched(true);
     runPending();
     EXPECT_EQ(platform.alerts.presentCount, 1);
-}
 
-TEST_F(Counting, DebugLaunchShowsTheAlertWithoutCounting) {
+    // In debug a launch shows the alert, even when told not to, and counts nothing.
+    platform.alerts.press(1);
     rating->setDebug(true);
     rating->appLaunched(false);
     runPending();
-    EXPECT_EQ(platform.alerts.presentCount, 1);
-    EXPECT_FALSE(store().hasKey(keys::kRatingPromptUseCount));
-}
-
-TEST_F(Counting, ForegroundAndEventsKeepTheirOrder) {
-    rating->setDebug(true);
-    store().setString(keys::kRatingPromptCurrentVersion, UKE_VERSION);
-    rating->userDidSignificantEvent(false);
-    rating->appEnteredForeground(false);
-    rating->userDidSignificantEvent(false);
-    EXPECT_TRUE(platform.log.lines.empty());
-    runPending();
-    const std::vector<std::string> expected{
-        "RATINGPROMPT Tracking version: " UKE_VERSION, "RATINGPROMPT Significant event count: 1",
-        "RATINGPROMPT Tracking version: " UKE_VERSION, "RATINGPROMPT Use count: 1",
-        "RATINGPROMPT Tracking version: " UKE_VERSION, "RATINGPROMPT Significant event count: 2",
-    };
-    EXPECT_EQ(platform.log.lines, expected);
+    EXPECT_EQ(platform.alerts.presentCount, 2);
+    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 3);
 }
 
 TEST_F(Counting, WorkStillQueuedWhenThePromptGoesIsDropped) {
@@ -156,7 +105,8 @@ TEST_F(Counting, WorkStillQueuedWhenThePromptGoesIsDropped) {
     EXPECT_TRUE(store().keys().empty());
 }
 
-// Background work on real threads, the main thread being the test's own.
+// Background work on real threads, the main thread being the test's own. Tasks
+// run without the lock: a worker may hold a lock of the prompt's while it queues.
 class ThreadedRunLoop : public RunLoop {
 public:
     ~ThreadedRunLoop() override {
@@ -166,29 +116,24 @@ public:
     void performAfterDelay(double, Task task) override {
         std::lock_guard lock(mutex_);
         main_.push_back(std::move(task));
-        wake_.notify_all();
     }
     void scheduleRepeating(double, Task) override {}
     double now() const override { return 1'700'000'000.0; }
     void dispatchBackground(Task task) override { workers_.emplace_back(std::move(task)); }
-    // Runs main-thread tasks until `done` holds.
-    template <class Pred> void runMainUntil(Pred done) {
+    void runMainUntil(const std::function<bool()>& done) {
         while (!done()) {
             std::unique_lock lock(mutex_);
-            wake_.wait_for(lock, std::chrono::milliseconds(10), [&] { return !main_.empty(); });
-            while (!main_.empty()) {
-                Task t = std::move(main_.front());
-                main_.pop_front();
-                lock.unlock();
+            std::deque<Task> due = std::move(main_);
+            main_.clear();
+            lock.unlock();
+            for (Task& t : due)
                 t();
-                lock.lock();
-            }
+            std::this_thread::yield();
         }
     }
 
 private:
     std::mutex mutex_;
-    std::condition_variable wake_;
     std::deque<Task> main_;
     std::vector<std::thread> workers_;
 };
@@ -200,16 +145,14 @@ TEST(CountingOnWorkers, EventsArriveOnTheMainThreadInCallOrder) {
     Services threaded{loop,     s.settings, s.strings, s.log,         s.device, s.capture,     s.output,
                       s.sounds, s.urls,     s.network, s.storeReview, s.alerts, s.resourcePath};
     auto rating = std::make_unique<RatingPrompt>(threaded);
-    const std::thread::id mainThread = std::this_thread::get_id();
     struct OnMain : RatingPromptDelegate {
-        std::thread::id expected;
+        const std::thread::id expected = std::this_thread::get_id();
         std::atomic<bool> offMain{false};
         bool ratingPromptShouldDisplayAlert(RatingPrompt&) override {
             offMain = offMain || std::this_thread::get_id() != expected;
             return false;
         }
     } delegate;
-    delegate.expected = mainThread;
     rating->setDelegate(&delegate);
     rating->setDebug(true); // conditions met, so every count asks the delegate
 
@@ -218,20 +161,16 @@ TEST(CountingOnWorkers, EventsArriveOnTheMainThreadInCallOrder) {
         rating->appEnteredForeground(true);
         rating->userDidSignificantEvent(true);
     }
-    SettingsStore& st = platform.memoryStore;
+    const SettingsStore& st = platform.memoryStore;
     loop.runMainUntil([&] { return st.integerForKey(keys::kRatingPromptSignificantEventCount) == kRounds; });
     EXPECT_EQ(st.integerForKey(keys::kRatingPromptUseCount), kRounds);
     EXPECT_FALSE(delegate.offMain);
-    std::vector<std::string> counts;
-    for (const auto& line : platform.log.lines)
-        if (line.find("count") != std::string::npos)
-            counts.push_back(line);
-    ASSERT_EQ(counts.size(), 2u * kRounds);
-    for (int i = 0; i < kRounds; ++i) {
-        EXPECT_EQ(counts[2 * i], "RATINGPROMPT Use count: " + std::to_string(i + 1));
-        EXPECT_EQ(counts[2 * i + 1], "RATINGPROMPT Significant event count: " + std::to_string(i + 1));
-    }
-    rating.reset();
+    std::vector<std::string> want;
+    for (int i = 1; i <= kRounds; ++i)
+        for (const char* what : {"Use count: ", "Significant event count: "})
+            want.insert(want.end(), {"RATINGPROMPT Tracking version: " UKE_VERSION,
+                                     "RATINGPROMPT " + std::string(what) + std::to_string(i)});
+    EXPECT_EQ(platform.log.lines, want);
 }
 
 } // namespace
