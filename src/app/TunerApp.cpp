@@ -15,15 +15,7 @@ TunerApp::TunerApp(Services services, PitchSource& listener, Config config) : s_
     tuner_ = std::make_unique<ViewController>(s_, state_, tunerScreen_, listener, tone_, *rating_);
     tuner_->setMakerUrl(config_.makerUrl);
     delegate_ = std::make_unique<AppDelegate>(
-        s_, *rating_,
-        [this](const std::string& storyboard) {
-            // The first screen of every layout is the tuner screen: it loads, then appears.
-            if (!buildWindow_ || buildWindow_(storyboard)) {
-                tuner_->viewDidLoad();
-                tuner_->viewWillAppear();
-            }
-        },
-        config_.appId);
+        s_, *rating_, [this](const std::string& storyboard) { showWindow(storyboard); }, config_.appId);
 }
 
 TunerApp::~TunerApp() = default;
@@ -38,11 +30,16 @@ std::string TunerApp::start(const WindowBuilder& buildWindow) {
     const DeviceClass nearest = nearestLayoutClass(device);
     const std::string storyboard = *storyboardFor(nearest.idiom, nearest.height);
     s_.log.log("No layout for " + device.name() + "; using " + storyboard + " (" + nearest.name() + ")");
+    showWindow(storyboard);
+    return storyboard;
+}
+
+void TunerApp::showWindow(const std::string& storyboard) {
+    // The first screen of every layout is the tuner screen: it loads, then appears.
     if (!buildWindow_ || buildWindow_(storyboard)) {
         tuner_->viewDidLoad();
         tuner_->viewWillAppear();
     }
-    return storyboard;
 }
 
 void TunerApp::selectLanguage(long row) {

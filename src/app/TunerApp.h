@@ -71,6 +71,8 @@ public:
     const ImageView& shownLamp() const;
 
 private:
+    void showWindow(const std::string& storyboard);
+
     Services s_;
     Config config_;
     SharedState state_;
