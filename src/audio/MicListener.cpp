@@ -32,6 +32,7 @@ void MicListener::configure(AudioCapture& capture, Log& log) {
         instance->meter_.clearReading();
         std::lock_guard bufferLock(instance->mutex_);
         instance->audio_data_len_ = 0;
+        ++instance->blockSequence_;
     }
 }
 
@@ -143,19 +144,25 @@ void MicListener::setAudioBuffer(const int16_t* samples, uint32_t length) {
     std::lock_guard lock(mutex_);
     std::memcpy(audio_data_, samples, length);
     audio_data_len_ = length;
+    ++blockSequence_;
 }
 
 float MicListener::frequency() {
+    // The tick asks a hundred times a second, a block lasts about 0.29 s: the same
+    // block would be estimated some thirty times over. The estimate of a block is
+    // always the same, so it is made once and kept until the next block arrives.
     int16_t snapshot[kBufferBytes / 2];
     uint32_t length = 0;
     {
         std::lock_guard lock(mutex_);
+        if (blockSequence_ == estimatedSequence_)
+            return estimate_;
+        estimatedSequence_ = blockSequence_;
         std::memcpy(snapshot, audio_data_, kBufferBytes);
         length = audio_data_len_;
     }
-    if (length == 0)
-        return 0.0f;
-    return estimator_.estimate(snapshot, length);
+    estimate_ = length == 0 ? 0.0f : estimator_.estimate(snapshot, length);
+    return estimate_;
 }
 
 } // namespace uke

@@ -100,9 +100,13 @@ private:
     std::shared_ptr<CaptureQueue> queue_;
     LevelMeter meter_;
 
-    std::mutex mutex_; // guards audio_data_ and audio_data_len_
+    std::mutex mutex_; // guards audio_data_, audio_data_len_ and blockSequence_
     int16_t audio_data_[kBufferBytes / 2] = {};
     uint32_t audio_data_len_ = 0;
+    uint64_t blockSequence_ = 0; // counts blocks handed in (and resets), under mutex_
+    // The block frequency() last estimated and its estimate in hertz; main thread only.
+    uint64_t estimatedSequence_ = 0;
+    float estimate_ = 0.0f;
     PitchEstimator estimator_{kSampleRate};
 };
 

@@ -60,6 +60,13 @@ TEST_F(Listener, ListenOpensA14039HzMonoQueueOfThree8192ByteBuffers) {
     ASSERT_TRUE(capture.deliver(a4));
     EXPECT_EQ(capture.enqueued, (std::vector<int>{2, 3, 1}));
     EXPECT_EQ(listener->frequency(), listener->frequencyOfBin(1027));
+    // A block is estimated once: asking again reads the kept value, not the spectra.
+    const std::vector<int16_t> silence(4096);
+    listener->performFFT(silence.data(), 4096);
+    EXPECT_EQ(listener->frequency(), listener->frequencyOfBin(1027));
+    EXPECT_EQ(listener->freq_db()[1027], 0.0);
+    ASSERT_TRUE(capture.deliver(silence));
+    EXPECT_EQ(listener->frequency(), 0.0f) << "a new block is estimated afresh";
 }
 
 // One step of a scenario, and the state after it.

@@ -1,7 +1,6 @@
 // The app's string tables: every language complete, formats intact, fallbacks.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 
 #include "platform/virtual/TsStringTable.h"
 #include "settings/NoteNaming.h"
@@ -51,14 +50,6 @@ TEST_P(EveryLanguage, PlaceholdersSurviveTranslation) {
             EXPECT_EQ(count(translated, "%"), count(text, "%")) << GetParam() << " " << key << ": " << translated;
         }
     }
-}
-
-TEST_P(EveryLanguage, PickerNamesAreDistinct) {
-    std::vector<std::string> names;
-    for (int i = 0; i < 6; ++i)
-        names.push_back(table().localized("Lang" + std::to_string(i)));
-    std::sort(names.begin(), names.end());
-    EXPECT_EQ(std::adjacent_find(names.begin(), names.end()), names.end()) << GetParam();
 }
 
 INSTANTIATE_TEST_SUITE_P(Tables, EveryLanguage, ::testing::ValuesIn(builtInLanguages()),
