@@ -19,13 +19,7 @@ void TuningNavigator::showNextTuning() {
     if (device_.idiom() == Idiom::Pad)
         screen_.goToChordsLibraryButton.image = "chord_icon_b_large.png";
 
-    r_.tunings.displayTunings();
-    r_.notes.localizeNotes();
-    r_.notes.overrideDefaultLanguage();
-    r_.review.promptToReview();
-    if (demoModeEnabled)
-        r_.indication.demoMode();
-    log_.log(format("Ahora chosenTuning es: %ld", static_cast<long>(state_.chosenTuning)));
+    redrawAfterStep(false);
 }
 
 void TuningNavigator::showPreviousTuning() {
@@ -37,11 +31,16 @@ void TuningNavigator::showPreviousTuning() {
     if (device_.idiom() == Idiom::Pad)
         screen_.goToChordsLibraryButton.image = "chord_icon_large.png";
 
+    // Only this direction refreshes the settings captions.
+    redrawAfterStep(true);
+}
+
+void TuningNavigator::redrawAfterStep(bool settingsCaptions) {
     r_.tunings.displayTunings();
     r_.notes.localizeNotes();
     r_.notes.overrideDefaultLanguage();
-    // Only this direction refreshes the settings captions.
-    r_.settings.localizeSettings();
+    if (settingsCaptions)
+        r_.settings.localizeSettings();
     r_.review.promptToReview();
     if (demoModeEnabled)
         r_.indication.demoMode();

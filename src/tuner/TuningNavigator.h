@@ -38,6 +38,9 @@ public:
     void prepareForSegue(const std::string& identifier, ChordsViewController& destination);
 
 private:
+    // What both directions redraw after the step, in the screen's order.
+    void redrawAfterStep(bool settingsCaptions);
+
     RunLoop& runLoop_;
     DeviceInfo& device_;
     Log& log_;
