@@ -6,17 +6,40 @@
 
 namespace uke {
 
+namespace {
+
+// Wider vectors where the processor has them, chosen once at load time. The
+// results are the same bit for bit on every path: the squares of the float
+// parts are exact in double, so a fused multiply-add rounds the sum once just
+// like the separate add does, and every root is correctly rounded.
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__SANITIZE_ADDRESS__)
+#define UKE_WIDE_VECTORS __attribute__((target_clones("avx2", "default")))
+#else
+#define UKE_WIDE_VECTORS
+#endif
+
+// Linear magnitude of each bin, scaled by 1/16384. Built without errno for
+// sqrt (see CMakeLists.txt), so the loop vectorises: the root of a sum of
+// squares is never negative.
+UKE_WIDE_VECTORS void magnitudes(const kiss_fft_cpx* out, double* db) {
+    for (int k = 0; k < PitchEstimator::kBins; ++k) {
+        const double re = out[k].r;
+        const double im = out[k].i;
+        db[k] = std::sqrt(re * re + im * im) * 6.103515625e-5;
+    }
+}
+
+} // namespace
+
 void PitchEstimator::FreeConfig::operator()(kiss_fftr_cfg cfg) const { kiss_fftr_free(cfg); }
 
 PitchEstimator::PitchEstimator(double sampleRate)
-    : sampleRate_(sampleRate), config_(kiss_fftr_alloc(kFftSize, 0, nullptr, nullptr)), in_(kFftSize), out_(kFftSize),
-      freqDb_(kBins), freqDbHarmonic_(kBins) {}
+    : sampleRate_(sampleRate), config_(kiss_fftr_alloc(kFftSize, 0, nullptr, nullptr)), in_(kFftSize),
+      out_(kBins + 1), freqDb_(kBins), freqDbHarmonic_(kBins), whole_(kBins) {}
 
 float PitchEstimator::estimate(const int16_t* samples, uint32_t length) {
-    std::fill(in_.begin(), in_.end(), 0.0f);
-    std::fill(out_.begin(), out_.end(), kiss_fft_cpx{0.0f, 0.0f});
-    std::fill(freqDb_.begin(), freqDb_.end(), 0.0);
-    std::fill(freqDbHarmonic_.begin(), freqDbHarmonic_.end(), 0.0);
+    // Every array is entirely rewritten by the steps below, so none is cleared
+    // first; the padding is kept at zero by performFFT().
     performFFT(samples, length >> 1);
     addHarmonics();
     return frequencyOfBin(findTopSpike());
@@ -32,46 +55,67 @@ void PitchEstimator::performFFT(const int16_t* samples, uint32_t totalSamples) {
     // is calibrated on these magnitudes.
     for (uint32_t i = 0; i < totalSamples; ++i)
         in_[i] = static_cast<kiss_fft_scalar>(samples[i]);
-    if (!config_)
-        return; // no memory for the plan: the spectrum stays silent and the estimate is 0 Hz
-    kiss_fftr(config_.get(), in_.data(), out_.data());
-    for (int k = 0; k < kBins; ++k) {
-        const double re = out_[k].r;
-        const double im = out_[k].i;
-        freqDb_[k] = std::sqrt(re * re + im * im) * 6.103515625e-5;
+    // The padding is zero from construction; only what a longer block left
+    // behind needs clearing, not the whole 32768 points every time.
+    if (filled_ > totalSamples)
+        std::fill(in_.begin() + totalSamples, in_.begin() + filled_, 0.0f);
+    filled_ = totalSamples;
+    if (!config_) {
+        // No memory for the plan: the spectrum stays silent and the estimate is 0 Hz.
+        std::fill(freqDb_.begin(), freqDb_.end(), 0.0);
+        return;
     }
+    kiss_fftr(config_.get(), in_.data(), out_.data());
+    magnitudes(out_.data(), freqDb_.data());
 }
 
-void PitchEstimator::addHarmonics() {
-    std::copy(freqDb_.begin(), freqDb_.end(), freqDbHarmonic_.begin());
-    for (int h = 2; h <= 3; ++h) {
-        int target = 0;
-        // A whole number on purpose: a group adds only the whole part of its
-        // largest magnitude, and nothing below 1.0.
-        int32_t m = 0;
-        for (int i = 0; i < kBins; ++i) {
-            const int t = static_cast<int>(std::round(static_cast<double>(i) / h));
-            if (target < t) {
-                freqDbHarmonic_[target] += static_cast<double>(m);
-                target = t;
-                m = 0;
-            }
-            m = static_cast<int32_t>(freqDb_[i] > m ? freqDb_[i] : static_cast<double>(m));
-        }
-        // The last group (target 8192 for h = 2, 5461 for h = 3) is left unadded.
-    }
+UKE_WIDE_VECTORS void PitchEstimator::addHarmonics() {
+    // A group adds only the whole part of its largest magnitude, and nothing
+    // below 1.0 (the sum's threshold is a whole number on purpose). Bin i joins
+    // group round(i / h), halves away from zero: {0}, {1, 2}, {3, 4}, ... for
+    // h = 2 and {0, 1}, {2, 3, 4}, {5, 6, 7}, ... for h = 3. The groups are fixed,
+    // so they are walked directly rather than found by rounding every quotient.
+    const double* db = freqDb_.data();
+    int32_t* whole = whole_.data();
+    for (int i = 0; i < kBins; ++i)
+        whole[i] = db[i] > 0.0 ? static_cast<int32_t>(db[i]) : 0; // NaN and negatives add nothing
+    double* sum = freqDbHarmonic_.data();
+    // The top group of each pass (8192 for h = 2, 5461 for h = 3) is left unadded.
+    sum[0] = db[0] + static_cast<double>(whole[0]);
+    for (int t = 1; t < kBins / 2; ++t)
+        sum[t] = db[t] + static_cast<double>(std::max(whole[2 * t - 1], whole[2 * t]));
+    std::copy(db + kBins / 2, db + kBins, sum + kBins / 2);
+    sum[0] += static_cast<double>(std::max(whole[0], whole[1]));
+    for (int t = 1; t < (kBins + 1) / 3; ++t)
+        sum[t] += static_cast<double>(std::max(std::max(whole[3 * t - 1], whole[3 * t]), whole[3 * t + 1]));
 }
 
 uint32_t PitchEstimator::findTopSpike() const {
-    double best = 0.0;
-    uint32_t index = 0;
-    for (int i = 0; i < kBins; ++i) {
-        if (freqDbHarmonic_[i] > best) {
-            best = freqDbHarmonic_[i];
-            index = static_cast<uint32_t>(i);
+    // Four independent running maxima instead of one chain of compares; each
+    // lane keeps its first maximum, and the lanes' tie goes to the lowest bin,
+    // so the answer is still the first of equal maxima (0 when all are 0).
+    constexpr int kLanes = 4;
+    static_assert(kBins % kLanes == 0);
+    const double* sum = freqDbHarmonic_.data();
+    double best[kLanes] = {};
+    uint32_t index[kLanes] = {};
+    for (int i = 0; i < kBins; i += kLanes) {
+        for (int l = 0; l < kLanes; ++l) {
+            if (sum[i + l] > best[l]) {
+                best[l] = sum[i + l];
+                index[l] = static_cast<uint32_t>(i + l);
+            }
         }
     }
-    return index;
+    double top = 0.0;
+    uint32_t at = 0;
+    for (int l = 0; l < kLanes; ++l) {
+        if (best[l] > top || (best[l] == top && best[l] > 0.0 && index[l] < at)) {
+            top = best[l];
+            at = index[l];
+        }
+    }
+    return at;
 }
 
 double PitchEstimator::hamming_window(int16_t n, int16_t N) {

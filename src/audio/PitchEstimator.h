@@ -59,6 +59,8 @@ private:
     std::vector<kiss_fft_cpx> out_;
     std::vector<double> freqDb_;
     std::vector<double> freqDbHarmonic_;
+    std::vector<int32_t> whole_; // whole part of each magnitude, for the harmonic sum
+    uint32_t filled_ = 0;        // leading samples of in_ the last transform wrote
 };
 
 } // namespace uke
