@@ -6,6 +6,7 @@
 namespace uke {
 
 void StringIndication::displayTunedString(int64_t code) {
+    wrote();
     if (code >= 1 && code <= 4) {
         static const char* rings[4] = {"ring1.png", "ring2.png", "ring3.png", "ring4.png"};
         screen_.ring(static_cast<int>(code)).image = rings[code - 1];
@@ -26,6 +27,7 @@ void StringIndication::displayTunedString(int64_t code) {
 }
 
 void StringIndication::displayNoStrings() {
+    wrote();
     screen_.freq_label.text.clear();
     screen_.noteDisplay.text.clear();
     screen_.tunedString.hidden = true;
@@ -36,12 +38,14 @@ void StringIndication::displayNoStrings() {
 }
 
 void StringIndication::removeRings() {
+    wrote();
     state_.ringShown = {};
     for (int n = 1; n <= 4; ++n)
         screen_.ring(n).image.clear();
 }
 
 void StringIndication::demoMode() {
+    wrote();
     log_.log("**** DEMOMODE ACTIVATED ****");
     tunings_.displayTunings();
     screen_.ring1.image = "ring1.png";

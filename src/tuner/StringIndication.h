@@ -21,12 +21,22 @@ public:
     void removeRings();
     void demoMode();
 
+    // Counts the writes to the read-out, so that the tick can tell whether what it
+    // drew last is still what the screen shows.
+    uint64_t writes() const { return writes_; }
+
 private:
     Log& log_;
     DeviceInfo& device_;
     SharedState& state_;
     TunerScreenModel& screen_;
     TuningDisplay& tunings_;
+    uint64_t writes_ = 0;
+
+    void wrote() {
+        ++writes_;
+        screen_.readoutChanged = true;
+    }
 };
 
 } // namespace uke

@@ -73,6 +73,26 @@ struct TunerScreenModel {
 #undef UKE_VISIT_OUTLET
     }
 
+    // The read-out: what the tick writes, a hundred times a second. Only the tick
+    // and StringIndication write these outlets, and they raise readoutChanged when
+    // they do, so a view can take just these outlets, and only when they moved.
+    // Every other outlet changes on a rare event (an action, a delayed message),
+    // after which a view compares them all.
+    template <class Visitor> void forEachReadoutOutlet(Visitor&& visit) const {
+        visit("freq_label", freq_label);
+        visit("noteDisplay", noteDisplay);
+        visit("LEDDisplay", LEDDisplay);
+        visit("LEDDisplay128", LEDDisplay128);
+        visit("tunedString", tunedString);
+        visit("tunedString5", tunedString5);
+        visit("tunedStringiPad", tunedStringiPad);
+        visit("ring1", ring1);
+        visit("ring2", ring2);
+        visit("ring3", ring3);
+        visit("ring4", ring4);
+    }
+    bool readoutChanged = false;
+
     // Whether the lamp shows the last reading in tune (the tick lights it green).
     bool inTune() const;
 

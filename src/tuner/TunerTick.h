@@ -8,6 +8,7 @@
 #include "tuner/ReviewHook.h"
 #include "tuner/StringIndication.h"
 #include "tuner/TunerScreenModel.h"
+#include "tuner/TuningCatalogue.h"
 
 namespace uke {
 
@@ -30,6 +31,22 @@ public:
     const std::string& lastTunedNoteText() const { return lastTunedNoteText_; }
 
 private:
+    // What the last drawing tick put on the read-out, as numbers. A tick that
+    // would draw the same again, on a read-out nobody has written since, draws
+    // nothing: no text is formatted and the view is not told of a change.
+    struct Drawn {
+        enum class Kind : uint8_t { Nothing, Silence, Reading, Match };
+        Kind kind = Kind::Nothing;
+        float frequency = 0.0f;          // Reading: the estimate shown
+        const MatchRule* rule = nullptr; // Match: the string in tune
+        double target = 0.0;             // Match: its target, shown instead of the estimate
+        uint64_t writes = 0;             // the indication's writes just after drawing
+        bool operator==(const Drawn&) const = default;
+    };
+    // Whether `next` is already on screen; if not, the caller draws it and calls drew().
+    bool drawn(Drawn next) const;
+    void drew(Drawn next);
+
     RunLoop& runLoop_;
     PitchSource& listener_;
     SharedState& state_;
@@ -41,6 +58,7 @@ private:
     double lastFrequency_ = 0.0;
     std::string lastTunedFrequencyText_;
     std::string lastTunedNoteText_;
+    Drawn drawn_;
 };
 
 } // namespace uke

@@ -71,7 +71,7 @@ AppHost::AppHost(Options options, std::unique_ptr<AppPorts> ports, QObject* pare
     : QObject(parent), options_(std::move(options)), ports_(ports ? std::move(ports) : qtPorts(options_)) {
     MicListener::configure(*ports_->capture, ports_->log);
     app_ = std::make_unique<TunerApp>(ports_->services(), *MicListener::sharedListener());
-    ports_->runLoop.afterTask = [this] { sync(); };
+    ports_->runLoop.afterTask = [this](bool repeating) { repeating ? syncAfterTick() : sync(); };
     geometry_ = readJsonResource(":/art/geometry.json");
     volatile auto registration = &qml_register_types_UkuleleTuner;
     Q_UNUSED(registration);
@@ -124,6 +124,23 @@ QQuickWindow* AppHost::window() const {
 void AppHost::sync() {
     tunerMap_.sync(app_->tunerScreen());
     chordsMap_.sync(app_->chordScreen());
+    app_->tunerScreen().readoutChanged = false;
+    syncFlags();
+}
+
+void AppHost::syncAfterTick() {
+    // A hundred times a second: nothing is converted or compared unless the tick
+    // drew something.
+    if (app_->tunerScreen().readoutChanged) {
+        app_->tunerScreen().readoutChanged = false;
+        tunerMap_.syncReadout(app_->tunerScreen());
+        syncFlags();
+    } else if (MicListener::sharedListener()->isListening() != hearing_) {
+        syncFlags();
+    }
+}
+
+void AppHost::syncFlags() {
     if (const bool hearing = MicListener::sharedListener()->isListening(); hearing != hearing_) {
         hearing_ = hearing;
         emit hearingChanged();

@@ -87,8 +87,11 @@ public:
     SharedState& state() { return app_->state(); }
     RatingPrompt& rating() { return app_->rating(); }
     Log& log() { return ports_->log; }
-    // Pushes changed outlets to the views.
+    // Pushes changed outlets to the views: after an action or a delayed message,
+    // comparing every outlet.
     void sync();
+    // After a tick: only what the tick says it changed, usually nothing.
+    void syncAfterTick();
 
 signals:
     void chordsOpenChanged();
@@ -97,6 +100,7 @@ signals:
 
 private:
     bool buildWindow(const std::string& storyboard);
+    void syncFlags();
     void writeState();
 
     Options options_;

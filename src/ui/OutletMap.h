@@ -15,16 +15,20 @@ QVariantMap toVariant(const Slider& o);
 QVariantMap toVariant(const Stepper& o);
 QVariantMap toVariant(const Picker& o);
 
-// Mirrors a screen model into a property map; sync() touches only outlets whose
+// Mirrors a screen model into a property map; a sync touches only outlets whose
 // value changed, so bindings re-evaluate only where something moved.
 class OutletMap : public QQmlPropertyMap {
     Q_OBJECT
 public:
     using QQmlPropertyMap::QQmlPropertyMap;
 
-    template <class Model>
-    void sync(const Model& model) {
+    // Compares every outlet.
+    template <class Model> void sync(const Model& model) {
         model.forEachOutlet([this](const char* name, const auto& outlet) { update(name, toVariant(outlet)); });
+    }
+    // Compares only the tuner's read-out outlets.
+    template <class Model> void syncReadout(const Model& model) {
+        model.forEachReadoutOutlet([this](const char* name, const auto& outlet) { update(name, toVariant(outlet)); });
     }
 
 private:

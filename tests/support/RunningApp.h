@@ -72,9 +72,10 @@ struct RunningApp {
         const AppHost::Options o{*DeviceClass::parse(device), language, settingsPath(), resourcePath, {}, true};
         auto ports = AppHost::qtPorts(o);
         if (audio != Audio::Real) {
-            auto capture = std::make_unique<FakeAudioCapture>();
-            capture->failToOpen = audio == Audio::NoMicrophone;
-            ports->capture = std::move(capture);
+            auto fake = std::make_unique<FakeAudioCapture>();
+            fake->failToOpen = audio == Audio::NoMicrophone;
+            capture = fake.get();
+            ports->capture = std::move(fake);
             ports->output = std::make_unique<RecordingAudioOutput>();
         }
         host = std::make_unique<AppHost>(o, std::move(ports));
@@ -134,6 +135,7 @@ struct RunningApp {
     }
 
     QTemporaryDir dir;
+    FakeAudioCapture* capture = nullptr; // the virtual microphone, owned by the host
     std::unique_ptr<AppHost> host;
     bool started = false;
 };

@@ -57,6 +57,38 @@ TEST_F(Tick, JustOutsideTheWindowShowsTheMeasurementButKeepsTheNote) {
     EXPECT_EQ(screen.noteDisplay.text, "A4") << "the note keeps its last text";
 }
 
+// The tick tells the view when the read-out moved, and only then; a tick that
+// would draw what is already there draws nothing, unless the read-out was written
+// behind its back (the rings cleared on a tuning change).
+TEST_F(Tick, RaisesReadoutChangedOnlyWhenTheReadOutMoves) {
+    const struct {
+        const char* what;
+        float level, hertz;
+        bool clearRings, changes;
+    } steps[] = {
+        {"first reading", kLoud, 300.0f, false, true},
+        {"the same reading", kLoud, 300.0f, false, false},
+        {"a new reading", kLoud, 300.5f, false, true},
+        {"in tune", kLoud, 440.0f, false, true},
+        {"another estimate in the window", kLoud, 440.4f, false, false},
+        {"rings cleared, still in tune", kLoud, 440.4f, true, true},
+        {"between the thresholds", 0.003f, 300.0f, false, false},
+        {"silence", 0.0f, 0.0f, false, true},
+        {"silence again", 0.0f, 0.0f, false, false},
+    };
+    for (const auto& step : steps) {
+        if (step.clearRings)
+            controller->removeRings();
+        screen.readoutChanged = false;
+        tick(step.level, step.hertz);
+        EXPECT_EQ(screen.readoutChanged, step.changes) << step.what;
+    }
+    tick(kLoud, 440.0f);
+    controller->removeRings();
+    tick(kLoud, 440.0f);
+    EXPECT_EQ(screen.ring1.image, "ring1.png") << "a drawing cleared behind the tick's back is drawn again";
+}
+
 TEST_F(Tick, HighReadingsRecallTheLastInTuneResultUpToAThousand) {
     tick(kLoud, 1000.0f);
     EXPECT_EQ(screen.freq_label.text, "") << "above 700 with nothing tuned yet recalls the empty texts";

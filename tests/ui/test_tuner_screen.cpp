@@ -2,6 +2,7 @@
 
 #include "base/SharedState.h"
 #include "support/RunningApp.h"
+#include "support/SyntheticPluck.h"
 
 namespace uke {
 namespace {
@@ -50,6 +51,36 @@ TEST(TunerScreen, ArrowsAndTheInTuneLookAreWired) {
     const auto [notInTune, plainColour] = noteColourWith("yellow64.png");
     EXPECT_TRUE(inTune && !notInTune);
     EXPECT_NE(tunedColour, plainColour);
+}
+
+// The tick runs a hundred times a second, but a read-out that holds still (the same
+// block, or a new estimate inside the in-tune window) draws no frame at all.
+TEST(TunerScreen, DrawsOnlyWhenTheReadOutChanges) {
+    if (demoModeEnabled)
+        GTEST_SKIP() << "the demonstration picture never changes";
+    RunningApp r;
+    ASSERT_TRUE(r.started);
+    int frames = 0;
+    QObject::connect(r.window(), &QQuickWindow::frameSwapped, [&] { ++frames; });
+    const auto a4 = [](double hertz) { return test::syntheticPluck(hertz, 14039.0, 4096); };
+    const struct {
+        const char* what;
+        std::vector<int16_t> block;
+        bool changes;
+    } steps[] = {{"in tune", a4(440.0), true},
+                 {"the same block again", a4(440.0), false},
+                 {"another estimate in the window", a4(440.4), false},
+                 {"silence", std::vector<int16_t>(4096, 0), true}};
+    for (const auto& step : steps) {
+        frames = 0;
+        ASSERT_TRUE(r.capture->deliver(step.block)) << step.what;
+        test::settle(300);
+        EXPECT_EQ(frames > 0, step.changes) << step.what;
+        frames = 0;
+        test::settle(400);
+        EXPECT_EQ(frames, 0) << step.what << ": still drawing while nothing changes";
+    }
+    EXPECT_EQ(r.host->tunerModel().LEDDisplay.image, "yellow64.png");
 }
 
 } // namespace

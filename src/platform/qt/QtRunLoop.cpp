@@ -8,10 +8,10 @@
 
 namespace uke {
 
-void QtRunLoop::run(const Task& task) {
+void QtRunLoop::run(const Task& task, bool repeating) {
     task();
     if (afterTask)
-        afterTask();
+        afterTask(repeating);
 }
 
 void QtRunLoop::performAfterDelay(double seconds, Task task) {
@@ -23,7 +23,7 @@ void QtRunLoop::scheduleRepeating(double intervalSeconds, Task task) {
     auto* timer = new QTimer(this);
     timer->setTimerType(Qt::PreciseTimer);
     timer->setInterval(std::max(1, static_cast<int>(std::lround(intervalSeconds * 1000.0))));
-    connect(timer, &QTimer::timeout, this, [this, task = std::move(task)] { run(task); });
+    connect(timer, &QTimer::timeout, this, [this, task = std::move(task)] { run(task, true); });
     timer->start();
 }
 

@@ -7,7 +7,9 @@
 namespace uke {
 
 // The run loop on Qt's main event loop. After every task it calls the
-// afterTask hook, which the app uses to push changed outlets to the view.
+// afterTask hook, which the app uses to push changed outlets to the view; the
+// hook is told whether the task was a repeating one (the tick, which says
+// itself what it changed) or a one-off (after which everything may have).
 class QtRunLoop : public QObject, public RunLoop {
 public:
     explicit QtRunLoop(QObject* parent = nullptr) : QObject(parent) {}
@@ -17,10 +19,10 @@ public:
     void dispatchMain(Task task) override;
     void dispatchBackground(Task task) override;
 
-    std::function<void()> afterTask;
+    std::function<void(bool repeating)> afterTask;
 
 private:
-    void run(const Task& task);
+    void run(const Task& task, bool repeating = false);
 };
 
 } // namespace uke
