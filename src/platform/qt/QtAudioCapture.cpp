@@ -139,6 +139,10 @@ public:
             carry_.clear();
             if (resampler_)
                 src_reset(resampler_);
+            {
+                std::lock_guard lock(mutex_);
+                filled_ = 0;
+            }
             // Set before the source starts: the first block may arrive inside start().
             running_ = true;
             source_->start(sink_);
@@ -180,6 +184,7 @@ public:
         std::lock_guard lock(mutex_);
         buffers_.clear();
         enqueued_.clear();
+        filled_ = 0;
         exists_ = false;
     }
 
@@ -194,11 +199,12 @@ public:
     void consume(const char* data, qint64 size) {
         if (!running_)
             return;
-        if (direct_)
-            appendDirect(data, size);
-        else
+        if (direct_) {
+            fillDirect(data, size);
+        } else {
             appendConverted(data, size);
-        deliverBlocks();
+            deliverBlocks();
+        }
     }
 
 private:
@@ -231,12 +237,38 @@ private:
         carry_.assign(data + i, data + n);
     }
 
-    void appendDirect(const char* data, qint64 size) {
-        forEachFrame(data, size, 2, [this](const char* f) {
-            int16_t s;
-            std::memcpy(&s, f, 2);
-            pending_.push_back(s);
-        });
+    // At the capture rate the bytes go straight into the waiting buffer: one
+    // copy, no allocation, and a block is handed over the moment it is full.
+    // With no buffer waiting, the audio is dropped as a recording queue drops it.
+    void fillDirect(const char* data, qint64 size) {
+        auto left = static_cast<size_t>(size);
+        while (left > 0) {
+            int id = 0;
+            const int16_t* samples = nullptr;
+            size_t bytes = 0;
+            {
+                std::lock_guard lock(mutex_);
+                if (enqueued_.empty()) {
+                    filled_ = 0;
+                    return;
+                }
+                auto& buffer = buffers_[enqueued_.front()];
+                bytes = buffer.size() * sizeof(int16_t);
+                const size_t n = std::min(left, bytes - filled_);
+                std::memcpy(reinterpret_cast<char*>(buffer.data()) + filled_, data, n);
+                filled_ += n;
+                data += n;
+                left -= n;
+                if (filled_ < bytes)
+                    return;
+                filled_ = 0;
+                id = enqueued_.front();
+                enqueued_.pop_front();
+                samples = buffer.data();
+            }
+            // Outside the lock: the callback enqueues the buffer again.
+            callback_(id, samples, static_cast<uint32_t>(bytes));
+        }
     }
 
     void appendConverted(const char* data, qint64 size) {
@@ -274,8 +306,8 @@ private:
         }
     }
 
-    // Hands over every whole block for which a buffer is waiting; with no buffer
-    // waiting, the audio is dropped as a recording queue drops it.
+    // Converted audio: hands over every whole block for which a buffer is waiting;
+    // with no buffer waiting, the audio is dropped as a recording queue drops it.
     void deliverBlocks() {
         for (;;) {
             int id = 0;
@@ -309,9 +341,10 @@ private:
     std::atomic<bool> running_{false};
     Callback callback_;
 
-    mutable std::mutex mutex_; // guards buffers_, enqueued_ and error_
+    mutable std::mutex mutex_; // guards buffers_, enqueued_, filled_ and error_
     std::map<int, std::vector<int16_t>> buffers_;
     std::deque<int> enqueued_;
+    size_t filled_ = 0; // bytes of the oldest enqueued buffer already written
     int nextId_ = 1;
     std::string error_;
 
