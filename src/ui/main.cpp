@@ -1,8 +1,13 @@
 #include <QCommandLineParser>
+#include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
+#include <memory>
 
 #include "AppHost.h"
 
@@ -13,12 +18,19 @@ struct CommandLine {
     long tuning = 1;
     QString screenshot;
     double runFor = 0.0; // seconds; 0 = until the window closes
+    QString show;        // a screen or panel to open at start
+    bool stats = false;  // report the first frame and the frames drawn
 };
+
+// What --show opens: the chord screen, or the object name of a panel.
+const char* const kShowable[][2] = {
+    {"chords", ""}, {"settings", "settingsSheet"}, {"about", "aboutSheet"}, {"fork", "tuningForkSheet"}};
 
 void usage(FILE* to) {
     std::fprintf(to, "usage: ukulele-tuner [--device phone-HEIGHT|pad-HEIGHT] [--tuning 1..11] [--lang CODE]\n"
                      "                     [--settings FILE.ini] [--resources FOLDER] [--screenshot FILE.png]\n"
-                     "                     [--run-for SECONDS] [--state-out FILE.json] [--quiet]\n");
+                     "                     [--run-for SECONDS] [--state-out FILE.json] [--quiet]\n"
+                     "                     [--show chords|settings|about|fork] [--stats]\n");
 }
 
 // One line on stderr and the status of a bad argument.
@@ -29,7 +41,8 @@ int badArgument(const QString& message) {
 
 // Returns an exit status to stop with, or -1 to go on.
 int parse(const QStringList& arguments, CommandLine& cl) {
-    const QCommandLineOption help(QStringList{"h", "help"}), quiet("quiet");
+    const QCommandLineOption help(QStringList{"h", "help"}), quiet("quiet"), stats("stats");
+    const QCommandLineOption show("show", {}, "chords, settings, about or fork");
     const QCommandLineOption device("device", {}, "a device class such as phone-844 or pad-1194");
     const QCommandLineOption tuning("tuning", {}, "a tuning number from 1 to 11");
     const QCommandLineOption lang("lang", {}, "a language code such as en or es");
@@ -39,11 +52,11 @@ int parse(const QStringList& arguments, CommandLine& cl) {
     const QCommandLineOption stateOut("state-out", {}, "a file name");
     const QCommandLineOption runFor("run-for", {}, "a number of seconds");
     QCommandLineParser p;
-    p.addOptions({help, quiet, device, tuning, lang, settings, resources, screenshot, stateOut, runFor});
+    p.addOptions({help, quiet, stats, show, device, tuning, lang, settings, resources, screenshot, stateOut, runFor});
 
     if (!p.parse(arguments)) {
         // An option that takes a value can only lack one at the end of the line.
-        for (const QCommandLineOption& o : {device, tuning, lang, settings, resources, screenshot, stateOut, runFor})
+        for (const QCommandLineOption& o : {show, device, tuning, lang, settings, resources, screenshot, stateOut, runFor})
             if (arguments.last() == "--" + o.names().constFirst())
                 return badArgument(arguments.last() + " needs " + o.valueName());
         const QString name = p.unknownOptionNames().value(0);
@@ -74,6 +87,12 @@ int parse(const QStringList& arguments, CommandLine& cl) {
         if (!ok || !(cl.runFor > 0.0) || cl.runFor > 86400.0)
             return badArgument(QString("--run-for needs a positive number of seconds, not '%1'").arg(p.value(runFor)));
     }
+    if (p.isSet(show)) {
+        cl.show = p.value(show);
+        if (std::none_of(std::begin(kShowable), std::end(kShowable), [&](const auto& s) { return cl.show == s[0]; }))
+            return badArgument(QString("--show needs chords, settings, about or fork, not '%1'").arg(cl.show));
+    }
+    cl.stats = p.isSet(stats);
     cl.host.language = p.value(lang);
     cl.host.settingsPath = p.value(settings);
     cl.host.resourcePath = p.value(resources);
@@ -83,9 +102,45 @@ int parse(const QStringList& arguments, CommandLine& cl) {
     return -1;
 }
 
+// Searched through the visual tree: the window's items are not QObject children
+// of its content item.
+QQuickItem* findItem(QQuickItem* under, const char* name) {
+    for (QQuickItem* child : under->childItems())
+        if (QQuickItem* found = child->objectName() == QLatin1String(name) ? child : findItem(child, name))
+            return found;
+    return nullptr;
+}
+
+// Opens the screen or panel --show names.
+void showAtStart(uke::AppHost& host, const QString& show) {
+    for (const auto& [name, panel] : kShowable) {
+        if (show != name)
+            continue;
+        if (*panel == '\0')
+            host.openChords();
+        else if (QQuickItem* sheet = findItem(host.window()->contentItem(), panel))
+            sheet->setProperty("open", true);
+    }
+}
+
+// --stats: when the first frame was drawn (from the start of main) and, at the
+// end, how many frames were drawn in all; a screen that holds still draws none.
+void reportFrames(QQuickWindow* window, const QElapsedTimer& sinceStart) {
+    auto frames = std::make_shared<long>(0);
+    QObject::connect(window, &QQuickWindow::frameSwapped, window, [frames, &sinceStart] {
+        if ((*frames)++ == 0)
+            std::fprintf(stderr, "ukulele-tuner: first frame after %lld ms\n", sinceStart.elapsed());
+    });
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, window, [frames, &sinceStart] {
+        std::fprintf(stderr, "ukulele-tuner: %ld frames in %.1f s\n", *frames, sinceStart.elapsed() / 1000.0);
+    });
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    QElapsedTimer sinceStart;
+    sinceStart.start();
     // Read before the application object exists: a screenshot picks the platform.
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
@@ -109,8 +164,12 @@ int main(int argc, char** argv) {
     uke::AppHost host(cl.host);
     if (!host.start())
         return 1;
+    if (cl.stats)
+        reportFrames(host.window(), sinceStart);
     for (long t = 1; t < cl.tuning; ++t)
         host.tuner()->showNextTuning();
+    if (!cl.show.isEmpty())
+        showAtStart(host, cl.show);
 
     if (!cl.screenshot.isEmpty()) {
         // Let the first ticks and delayed messages run before the picture is taken.

@@ -16,6 +16,9 @@ Window {
     TunerScreen {
         id: tunerScreen
         anchors.fill: parent
+        // Covered whole by the chord screen: a read-out that changes beneath it
+        // would still cost a frame.
+        visible: !App.chordsOpen
         onOpenSettings: settingsSheet.open = true
         onOpenAbout: aboutSheet.open = true
         onOpenTuningFork: {
