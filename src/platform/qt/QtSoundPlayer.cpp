@@ -1,10 +1,18 @@
-// Sound files (string samples, the beep) played with Qt Multimedia's media player.
-#include <QAudioOutput>
+// Sound files (string samples, the beep): decoded once with libsndfile and played
+// through an audio sink of their own. A media player would bring a whole
+// GStreamer pipeline (some 5 MB and a plugin scan) into the process for half a
+// second of beep.
+#include <QAudioFormat>
+#include <QAudioSink>
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
-#include <QMediaPlayer>
-#include <QUrl>
+#include <QMediaDevices>
 #include <memory>
+#include <utility>
+#include <vector>
+
+#include <sndfile.h>
 
 #include "platform/qt/QtPorts.h"
 
@@ -12,37 +20,84 @@ namespace uke {
 
 namespace {
 
+struct DecodedSound {
+    QByteArray pcm; // 16-bit interleaved frames
+    QAudioFormat format;
+};
+
+// The whole file as 16-bit samples, or nothing when libsndfile cannot read it.
+std::shared_ptr<const DecodedSound> decode(const QString& path) {
+    SF_INFO info{};
+    SNDFILE* file = sf_open(QFile::encodeName(path).constData(), SFM_READ, &info);
+    if (!file)
+        return nullptr;
+    // Short sounds only: a minute is far beyond any sample or beep.
+    constexpr sf_count_t kLongest = 60 * 48000;
+    auto sound = std::make_shared<DecodedSound>();
+    if (info.channels >= 1 && info.channels <= 2 && info.samplerate > 0 && info.frames > 0 && info.frames <= kLongest) {
+        std::vector<short> samples(static_cast<size_t>(info.frames) * static_cast<size_t>(info.channels));
+        const sf_count_t got = sf_readf_short(file, samples.data(), info.frames);
+        if (got > 0) {
+            sound->pcm = QByteArray(reinterpret_cast<const char*>(samples.data()),
+                                    static_cast<qsizetype>(got * info.channels * sizeof(short)));
+            sound->format.setSampleRate(info.samplerate);
+            sound->format.setChannelCount(info.channels);
+            sound->format.setSampleFormat(QAudioFormat::Int16);
+        }
+    }
+    sf_close(file);
+    return sound->pcm.isEmpty() ? nullptr : sound;
+}
+
 class QtSoundPlayer : public SoundPlayer {
 public:
-    explicit QtSoundPlayer(const QString& path) : path_(path) {}
-    // Releasing the player ends its sound.
+    explicit QtSoundPlayer(QString path) : path_(std::move(path)) {}
+    // Releasing the player ends its sound. The sink goes later, from the event
+    // loop: its destructor runs a nested event loop, which must not happen in
+    // the middle of a tick or of the app's teardown.
     ~QtSoundPlayer() override {
-        if (player_)
-            player_->stop();
+        if (sink_) {
+            sink_->stop();
+            sink_->deleteLater();
+        }
     }
 
     void play() override {
-        // A fresh media pipeline for every start: a pipeline left loading for a
-        // while, or replayed after its end, sometimes never sounds on PulseAudio.
         // One that is playing simply goes on.
-        if (!player_ || player_->playbackState() != QMediaPlayer::PlayingState) {
-            player_.reset();
-            output_ = std::make_unique<QAudioOutput>();
-            player_ = std::make_unique<QMediaPlayer>();
-            player_->setAudioOutput(output_.get());
-            player_->setSource(QUrl::fromLocalFile(path_));
+        if (sink_ && sink_->state() == QAudio::ActiveState)
+            return;
+        // Decoded at the first play, not when prepared: start-up reads no sound.
+        if (!sound_ && !(sound_ = decode(path_)))
+            return;
+        if (!sink_) {
+            const QAudioDevice device = QMediaDevices::defaultAudioOutput();
+            if (device.isNull())
+                return;
+            sink_ = new QAudioSink(device, sound_->format);
+            buffer_ = new QBuffer(sink_);
+            buffer_->setData(sound_->pcm);
+            // The stream is let go as soon as the sound has run out: an idle
+            // stream would go on waking the process for data that never comes.
+            QObject::connect(sink_, &QAudioSink::stateChanged, sink_, [sink = sink_](QAudio::State s) {
+                if (s == QAudio::IdleState)
+                    sink->stop();
+            });
         }
-        player_->play();
+        sink_->stop();
+        buffer_->close();
+        buffer_->open(QIODevice::ReadOnly);
+        sink_->start(buffer_);
     }
     void stop() override {
-        if (player_)
-            player_->stop();
+        if (sink_)
+            sink_->stop();
     }
 
 private:
     QString path_;
-    std::unique_ptr<QAudioOutput> output_;
-    std::unique_ptr<QMediaPlayer> player_;
+    std::shared_ptr<const DecodedSound> sound_;
+    QAudioSink* sink_ = nullptr; // made at the first play on a device
+    QBuffer* buffer_ = nullptr;  // the sink's child, read from the start at each play
 };
 
 class QtSoundPlayerFactory : public SoundPlayerFactory {

@@ -1,6 +1,6 @@
 import QtQuick
 import UkuleleTuner
-import QtQuick.Controls
+import QtQuick.Controls.Basic
 import "Theme.js" as Theme
 
 // The chord library: titles, the chord's name with the spelling switch, the
