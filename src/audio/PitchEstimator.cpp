@@ -90,32 +90,32 @@ UKE_WIDE_VECTORS void PitchEstimator::addHarmonics() {
         sum[t] += static_cast<double>(std::max(std::max(whole[3 * t - 1], whole[3 * t]), whole[3 * t + 1]));
 }
 
-uint32_t PitchEstimator::findTopSpike() const {
-    // Four independent running maxima instead of one chain of compares; each
-    // lane keeps its first maximum, and the lanes' tie goes to the lowest bin,
-    // so the answer is still the first of equal maxima (0 when all are 0).
-    constexpr int kLanes = 4;
+UKE_WIDE_VECTORS uint32_t PitchEstimator::findTopSpike() const {
+    // Eight independent running maxima instead of one chain of compares, chosen
+    // without branches; each lane keeps its first maximum, and the lanes' tie
+    // goes to the lowest bin, so the answer is still the first of equal maxima
+    // (0 when all are 0).
+    constexpr int kLanes = 8;
     static_assert(kBins % kLanes == 0);
     const double* sum = freqDbHarmonic_.data();
     double best[kLanes] = {};
-    uint32_t index[kLanes] = {};
+    int64_t index[kLanes] = {};
     for (int i = 0; i < kBins; i += kLanes) {
         for (int l = 0; l < kLanes; ++l) {
-            if (sum[i + l] > best[l]) {
-                best[l] = sum[i + l];
-                index[l] = static_cast<uint32_t>(i + l);
-            }
+            const bool higher = sum[i + l] > best[l];
+            best[l] = higher ? sum[i + l] : best[l];
+            index[l] = higher ? i + l : index[l];
         }
     }
     double top = 0.0;
-    uint32_t at = 0;
+    int64_t at = 0;
     for (int l = 0; l < kLanes; ++l) {
         if (best[l] > top || (best[l] == top && best[l] > 0.0 && index[l] < at)) {
             top = best[l];
             at = index[l];
         }
     }
-    return at;
+    return static_cast<uint32_t>(at);
 }
 
 double PitchEstimator::hamming_window(int16_t n, int16_t N) {
