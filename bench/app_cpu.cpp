@@ -45,35 +45,31 @@ std::string readFile(const std::string& path) {
     return s.str();
 }
 
-// Clock ticks of user and system time of one process (all its threads).
-long long cpuTicks(pid_t pid) {
+// The fields of /proc/PID/stat from the third (the state) on: the command name
+// before them may hold spaces.
+std::vector<std::string> statFields(pid_t pid) {
     const std::string stat = readFile("/proc/" + std::to_string(pid) + "/stat");
     const auto close = stat.rfind(')');
+    std::vector<std::string> fields;
     if (close == std::string::npos)
-        return 0;
-    std::istringstream fields(stat.substr(close + 2));
-    std::string field;
-    long long utime = 0, stime = 0;
-    // After the name: state is field 3; utime and stime are fields 14 and 15.
-    for (int i = 3; i <= 15 && fields >> field; ++i) {
-        if (i == 14)
-            utime = std::stoll(field);
-        if (i == 15)
-            stime = std::stoll(field);
-    }
-    return utime + stime;
+        return fields;
+    std::istringstream in(stat.substr(close + 2));
+    for (std::string f; in >> f;)
+        fields.push_back(f);
+    return fields;
 }
 
+// Clock ticks of user and system time of one process (all its threads):
+// fields 14 and 15.
+long long cpuTicks(pid_t pid) {
+    const auto f = statFields(pid);
+    return f.size() > 12 ? std::stoll(f[11]) + std::stoll(f[12]) : 0;
+}
+
+// Field 4.
 pid_t parentOf(pid_t pid) {
-    const std::string stat = readFile("/proc/" + std::to_string(pid) + "/stat");
-    const auto close = stat.rfind(')');
-    if (close == std::string::npos)
-        return 0;
-    std::istringstream fields(stat.substr(close + 2));
-    std::string state;
-    pid_t parent = 0;
-    fields >> state >> parent;
-    return parent;
+    const auto f = statFields(pid);
+    return f.size() > 1 ? static_cast<pid_t>(std::stol(f[1])) : 0;
 }
 
 // The process and everything it started.
