@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is needed, builds with warnings as errors, and runs every test:
-# once in the normal build and once in the demonstration-mode build.
+# once in the normal build, once in the demonstration-mode build and once under
+# the address and undefined-behaviour sanitizers.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
@@ -10,3 +11,8 @@ BUILD_DIR=build scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MOD
 BUILD_DIR=build-demo scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=ON -DUKE_BUILD_BENCH=OFF
 # The frozen picture needs no audio: the device tests stay with the normal build.
 (cd build-demo && ctest --output-on-failure --timeout 300 -j2 -LE "e2e")
+# The whole suite again, end-to-end tests included, under the address and
+# undefined-behaviour sanitizers (tests/SanitizerOptions.cpp says what they leave out).
+BUILD_DIR=build-asan scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF -DUKE_SANITIZE=ON \
+  -DUKE_BUILD_BENCH=OFF
+(cd build-asan && ctest --output-on-failure --timeout 600 -j2)

@@ -7,6 +7,8 @@
 namespace uke {
 
 std::string format(const char* fmt, ...) {
+    if (!fmt)
+        return {};
     va_list args;
     va_start(args, fmt);
     va_list copy;

@@ -1,5 +1,6 @@
 #pragma once
 #include <functional>
+#include <memory>
 
 namespace uke {
 
@@ -19,6 +20,28 @@ public:
     virtual double now() const = 0;
     virtual void dispatchMain(Task task) { performAfterDelay(0.0, std::move(task)); }
     virtual void dispatchBackground(Task task) = 0;
+};
+
+// Ties delayed work to the life of its owner: a task wrapped by guard() does
+// nothing once the Lifetime that wrapped it is gone, so a delayed message or a
+// timer can never reach a destroyed object. An owner keeps one as a member and
+// wraps every task that captures it. Tasks run, and owners die, on the main
+// thread.
+class Lifetime {
+public:
+    Lifetime() = default;
+    Lifetime(const Lifetime&) = delete;
+    Lifetime& operator=(const Lifetime&) = delete;
+
+    RunLoop::Task guard(RunLoop::Task task) const {
+        return [alive = std::weak_ptr<const bool>(alive_), task = std::move(task)] {
+            if (!alive.expired())
+                task();
+        };
+    }
+
+private:
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 
 } // namespace uke

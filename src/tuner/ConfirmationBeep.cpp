@@ -16,7 +16,7 @@ void ConfirmationBeep::playSoundOnce(int string) {
             beepSoundPlayer_->play();
         state_.tuningBools[i] = 1;
         // Every beep re-arms all four strings: one string's timer may free the others early.
-        runLoop_.performAfterDelay(15.0, [this] { resetTuningBools(); });
+        runLoop_.performAfterDelay(15.0, lifetime_.guard([this] { resetTuningBools(); }));
     }
 }
 

@@ -26,6 +26,7 @@ private:
     std::string resourcePath_;
     SharedState& state_;
     std::shared_ptr<SoundPlayer> beepSoundPlayer_;
+    Lifetime lifetime_; // its delayed messages stop reaching this object when it goes
 };
 
 } // namespace uke

@@ -11,7 +11,7 @@ void TunerTick::start() {
     listener_.listen();
     if (!timerScheduled_) {
         timerScheduled_ = true;
-        runLoop_.scheduleRepeating(0.01, [this] { tickFree(); });
+        runLoop_.scheduleRepeating(0.01, lifetime_.guard([this] { tickFree(); }));
     }
 }
 
@@ -82,8 +82,8 @@ void TunerTick::tickFree() {
     }
     const auto& reached = state_.firstTuningBools;
     if (reached[0] == 1 && reached[1] == 1 && reached[2] == 1 && reached[3] == 1) {
-        runLoop_.performAfterDelay(2.0, [this] { review_.promptToReview(); });
-        runLoop_.performAfterDelay(4.0, [this] { beep_.resetTuningBools(); });
+        runLoop_.performAfterDelay(2.0, lifetime_.guard([this] { review_.promptToReview(); }));
+        runLoop_.performAfterDelay(4.0, lifetime_.guard([this] { beep_.resetTuningBools(); }));
     }
 }
 

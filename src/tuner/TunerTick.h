@@ -59,6 +59,7 @@ private:
     std::string lastTunedFrequencyText_;
     std::string lastTunedNoteText_;
     Drawn drawn_;
+    Lifetime lifetime_; // its timer and delayed messages stop reaching this object when it goes
 };
 
 } // namespace uke

@@ -5,7 +5,7 @@
 namespace uke {
 
 void TuningNavigator::showNextTuning() {
-    runLoop_.performAfterDelay(0.0, [this] { r_.indication.removeRings(); });
+    runLoop_.performAfterDelay(0.0, lifetime_.guard([this] { r_.indication.removeRings(); }));
     const int64_t old = state_.chosenTuning;
     state_.chosenTuning = old + 1;
     // One-sided on purpose: stepping forward from 5 keeps the baritone chart for 6 to 9.
@@ -23,7 +23,7 @@ void TuningNavigator::showNextTuning() {
 }
 
 void TuningNavigator::showPreviousTuning() {
-    runLoop_.performAfterDelay(0.0, [this] { r_.indication.removeRings(); });
+    runLoop_.performAfterDelay(0.0, lifetime_.guard([this] { r_.indication.removeRings(); }));
     state_.chosenTuning -= 1;
     const int64_t t = state_.chosenTuning;
     state_.chosenUkuleleType = t == 11 ? 4 : t == 10 ? 3 : t == 5 ? 2 : 1;

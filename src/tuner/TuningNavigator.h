@@ -47,6 +47,7 @@ private:
     SharedState& state_;
     TunerScreenModel& screen_;
     Redraws r_;
+    Lifetime lifetime_; // its delayed messages stop reaching this object when it goes
 };
 
 } // namespace uke

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "platform/virtual/MemorySettingsStore.h"
 #include "platform/virtual/VirtualRunLoop.h"
 
@@ -53,6 +55,21 @@ TEST(VirtualRunLoop, TimersLandOnExactTimesInOrder) {
     const double before = loop.now();
     loop.shiftEpoch(86400.0);
     EXPECT_DOUBLE_EQ(loop.now() - before, 86400.0);
+}
+
+// A delayed message or a timer made by an object that has gone never runs.
+TEST(Lifetime, GuardedTasksStopWithTheirOwner) {
+    VirtualRunLoop loop;
+    int ticks = 0, messages = 0;
+    auto owner = std::make_unique<Lifetime>();
+    loop.scheduleRepeating(0.01, owner->guard([&] { ++ticks; }));
+    loop.performAfterDelay(0.5, owner->guard([&] { ++messages; }));
+    loop.performAfterDelay(2.0, owner->guard([&] { ++messages; }));
+    loop.advanceTo(1.0);
+    owner.reset();
+    loop.advanceTo(3.0);
+    EXPECT_EQ(ticks, 100);
+    EXPECT_EQ(messages, 1);
 }
 
 } // namespace

@@ -15,16 +15,21 @@ namespace {
 class TuningFork : public TunerFixture {
 protected:
     TuningFork() { launch(); }
-    using Action = void (ViewController::*)();
     void press(int button) {
-        static constexpr Action tones[4] = {&ViewController::playA440Hz, &ViewController::playE329_6,
-                                            &ViewController::playC261_6Hz, &ViewController::playG392Hz};
-        ((*controller).*tones[button - 1])();
+        switch (button) {
+        case 1: return controller->playA440Hz();
+        case 2: return controller->playE329_6();
+        case 3: return controller->playC261_6Hz();
+        default: return controller->playG392Hz();
+        }
     }
     void pressString(int button) {
-        static constexpr Action samples[4] = {&ViewController::play1stStringSound, &ViewController::play2ndStringSound,
-                                              &ViewController::play3rdStringSound, &ViewController::play4thStringSound};
-        ((*controller).*samples[button - 1])();
+        switch (button) {
+        case 1: return controller->play1stStringSound();
+        case 2: return controller->play2ndStringSound();
+        case 3: return controller->play3rdStringSound();
+        default: return controller->play4thStringSound();
+        }
     }
     void calibrate(long a4) {
         platform.memoryStore.setInteger("savedA4Calibration", a4);

@@ -1,0 +1,21 @@
+// What the sanitizer builds of the tests report, and what they leave out. It is
+// built into every test program; outside a sanitizer build nothing reads it.
+//
+// Qt and the system libraries below it are not built with the sanitizers, so
+// only their own internals are left out here, each with the reason. Everything
+// of this project's is reported.
+
+extern "C" {
+
+// Leaks that are not leaks: allocations the libraries make once per process
+// and keep until exit, which LeakSanitizer sees as unreachable.
+const char* __lsan_default_suppressions() {
+    return
+        // fontconfig's cache of font patterns, made the first time Qt lays out text.
+        "leak:libfontconfig.so\n";
+}
+
+// Undefined behaviour fails the test at once, with where it happened.
+const char* __ubsan_default_options() { return "halt_on_error=1:print_stacktrace=1"; }
+
+} // extern "C"
