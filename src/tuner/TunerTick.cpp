@@ -33,9 +33,9 @@ void TunerTick::tickFree() {
     if (!TuningCatalogue::contains(state_.chosenTuning))
         return;
 
-    // Both gates compare as written: a level that is not a number triggers neither,
-    // so such a tick leaves the screen alone.
-    if (state_.bottomLimit > static_cast<double>(p) || f > 1000.0f) {
+    // The lower gate lets through only a level at or above the threshold, so a
+    // level that is not a number fails it and clears the screen like silence.
+    if (!(static_cast<double>(p) >= state_.bottomLimit) || f > 1000.0f) {
         if (const Drawn silence{Kind::Silence}; !drawn(silence)) {
             indication_.displayNoStrings();
             drew(silence);
