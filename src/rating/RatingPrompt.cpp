@@ -14,9 +14,10 @@ constexpr double kSecondsPerDay = 86400.0;
 constexpr double kProbeTimeoutSeconds = 20.0;
 
 // Store addresses by system version, in the store app's own scheme; "APP_ID" is
-// replaced by the app's identifier.
+// replaced by the app's identifier. The oldest reviews page lives on a host of
+// its own, not on the store host of the other two.
 constexpr const char* kReviewUrlBefore7 =
-    "itms-apps://" UKE_STORE_HOST "/WebObjects/MZStore.woa/wa/viewContentsUserReviews"
+    "itms-apps://" UKE_LEGACY_REVIEW_HOST "/WebObjects/MZStore.woa/wa/viewContentsUserReviews"
     "?type=Purple+Software&id=APP_ID";
 constexpr const char* kAppUrlOn7 = "itms-apps://" UKE_STORE_HOST "/app/idAPP_ID";
 constexpr const char* kReviewUrlFrom8 =

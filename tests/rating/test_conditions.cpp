@@ -213,8 +213,10 @@ TEST_F(Alert, ThePlatformRequestComesFirstThenTheStoreOrElseItsSheet) {
     EXPECT_EQ(platform.urls.opened.size(), 2u);
 
     // The store address by system version.
-    const std::string reviews = "itms-apps://" UKE_STORE_HOST "/WebObjects/MZStore.woa/wa/viewContentsUserReviews";
-    const std::string before7 = reviews + "?type=Purple+Software&id=123456";
+    const std::string path = "/WebObjects/MZStore.woa/wa/viewContentsUserReviews";
+    const std::string reviews = "itms-apps://" UKE_STORE_HOST + path;
+    // The oldest page is on a host of its own.
+    const std::string before7 = "itms-apps://" UKE_LEGACY_REVIEW_HOST + path + "?type=Purple+Software&id=123456";
     const std::string on7 = "itms-apps://" UKE_STORE_HOST "/app/id123456";
     const std::string from8 =
         reviews + "?id=123456&onlyLatestVersion=true&pageNumber=0&sortOrdering=1&type=Purple+Software";
