@@ -11,7 +11,8 @@ public:
     using RenderCallback = std::function<void(int16_t* interleaved, uint32_t frames)>;
 
     virtual ~AudioOutput() = default;
-    // Makes a new output stream for `render`, replacing any earlier one.
+    // Makes a new output stream for `render`; an earlier stream is stopped and
+    // let go first, so that only one stream ever pulls the render step.
     virtual void setup(RenderCallback render) = 0;
     virtual void start() = 0;
     virtual void stop() = 0;

@@ -15,7 +15,9 @@ void TuningFork::prepareForAppearance() {
 }
 
 void TuningFork::setupAudio() {
-    // A new stream simply replaces the previous one, as the output port promises.
+    // Deliberately unlike a bare replacement: the port stops the earlier stream
+    // before it makes the new one. Two live streams would both pull this render
+    // step, advancing one shared phase twice as fast and garbling the tone.
     output_.setup([this](int16_t* out, uint32_t frames) { tone_.render(out, frames, curTone_); });
 }
 
