@@ -27,8 +27,9 @@ const char* const kShowable[][2] = {
     {"chords", ""}, {"settings", "settingsSheet"}, {"about", "aboutSheet"}, {"fork", "tuningForkSheet"}};
 
 void usage(FILE* to) {
-    std::fprintf(to, "usage: ukulele-tuner [--device phone-HEIGHT|pad-HEIGHT] [--tuning 1..11] [--lang CODE]\n"
-                     "                     [--settings FILE.ini] [--resources FOLDER] [--screenshot FILE.png]\n"
+    std::fprintf(to, "usage: ukulele-tuner [--help] [--version] [--device phone-HEIGHT|pad-HEIGHT]\n"
+                     "                     [--tuning 1..11] [--lang CODE] [--settings FILE.ini]\n"
+                     "                     [--resources FOLDER] [--screenshot FILE.png]\n"
                      "                     [--run-for SECONDS] [--state-out FILE.json] [--quiet]\n"
                      "                     [--show chords|settings|about|fork] [--stats]\n");
 }
@@ -41,7 +42,7 @@ int badArgument(const QString& message) {
 
 // Returns an exit status to stop with, or -1 to go on.
 int parse(const QStringList& arguments, CommandLine& cl) {
-    const QCommandLineOption help(QStringList{"h", "help"}), quiet("quiet"), stats("stats");
+    const QCommandLineOption help(QStringList{"h", "help"}), version("version"), quiet("quiet"), stats("stats");
     const QCommandLineOption show("show", {}, "chords, settings, about or fork");
     const QCommandLineOption device("device", {}, "a device class such as phone-844 or pad-1194");
     const QCommandLineOption tuning("tuning", {}, "a tuning number from 1 to 11");
@@ -52,7 +53,7 @@ int parse(const QStringList& arguments, CommandLine& cl) {
     const QCommandLineOption stateOut("state-out", {}, "a file name");
     const QCommandLineOption runFor("run-for", {}, "a number of seconds");
     QCommandLineParser p;
-    p.addOptions({help, quiet, stats, show, device, tuning, lang, settings, resources, screenshot, stateOut, runFor});
+    p.addOptions({help, version, quiet, stats, show, device, tuning, lang, settings, resources, screenshot, stateOut, runFor});
 
     if (!p.parse(arguments)) {
         // An option that takes a value can only lack one at the end of the line.
@@ -66,6 +67,10 @@ int parse(const QStringList& arguments, CommandLine& cl) {
         return badArgument(QString("unknown argument '%1' (try --help)").arg(p.positionalArguments().constFirst()));
     if (p.isSet(help)) {
         usage(stdout);
+        return 0;
+    }
+    if (p.isSet(version)) {
+        std::printf("ukulele-tuner %s\n", UKE_VERSION);
         return 0;
     }
     if (p.isSet(device)) {

@@ -11,6 +11,9 @@ namespace uke::tool {
 struct AudioFile {
     static constexpr int kRate = 14039;           // hertz, the listener's capture rate
     static constexpr size_t kBlockSamples = 4096; // one capture buffer
+    // The longest recording analysed: half an hour is 25 million samples at the
+    // capture rate, some 100 MB once cut into blocks and replayed.
+    static constexpr double kLongestSeconds = 30.0 * 60.0;
 
     int sourceRate = 0; // hertz, as stored in the file
     int sourceChannels = 0;
@@ -23,9 +26,11 @@ struct AudioFile {
 };
 
 // Reads any format libsndfile knows: channels are averaged to mono, other rates
-// resampled (SRC_SINC_BEST_QUALITY) to kRate, and samples rounded and clipped to
-// 16 bits. Nothing, with a one-line reason in `error`, for a file that is
-// missing, unreadable, corrupt or empty.
+// resampled (SRC_SINC_FASTEST) to kRate, and samples rounded and clipped to 16
+// bits. Nothing, with a one-line reason in `error`, for a file that is missing,
+// a directory, unreadable, not audio, damaged (where the decoder says so),
+// longer than kLongestSeconds or empty; the decoders' own messages never reach
+// the error stream.
 std::optional<AudioFile> readAudioFile(const std::string& path, std::string& error);
 
 } // namespace uke::tool

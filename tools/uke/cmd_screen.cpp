@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <memory>
 #include <sstream>
 
@@ -291,6 +292,11 @@ int cmdScreen(const Words& words, std::ostream& out, std::ostream& err) {
 
     std::unique_ptr<IniFileSettingsStore> ini;
     if (const auto path = args.value("settings")) {
+        // Refused before anything runs, so that nothing is half done.
+        if (std::error_code ec; std::filesystem::is_directory(*path, ec)) {
+            err << "uke screen: --settings '" << *path << "' is a directory, not a settings file\n";
+            return 2;
+        }
         ini = std::make_unique<IniFileSettingsStore>(*path);
         std::string error;
         if (!ini->load(error)) {
@@ -308,7 +314,7 @@ int cmdScreen(const Words& words, std::ostream& out, std::ostream& err) {
         run.printText(out);
     if (ini && ini->writeError()) {
         err << "uke screen: could not write settings file " << *args.value("settings") << "\n";
-        return 1;
+        return 2;
     }
     return 0;
 }
