@@ -11,7 +11,7 @@ PACKAGES=(
   qml6-module-qtquick-controls
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good
   libkissfft-dev libsndfile1-dev libsamplerate0-dev
-  libgtest-dev libgmock-dev libbenchmark-dev
+  libgtest-dev libgmock-dev libbenchmark-dev clang libfuzzer-14-dev
   pulseaudio pulseaudio-utils sox libsox-fmt-mp3 lame xvfb xauth imagemagick
 )
 

@@ -16,3 +16,5 @@ BUILD_DIR=build-demo scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEM
 BUILD_DIR=build-asan scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF -DUKE_SANITIZE=ON \
   -DUKE_BUILD_BENCH=OFF
 (cd build-asan && ctest --output-on-failure --timeout 600 -j2)
+# Every reader of outside input fuzzed for a minute from its seed corpus.
+scripts/fuzz.sh 60

@@ -13,8 +13,10 @@ namespace {
 // parts are exact in double, so a fused multiply-add rounds the sum once just
 // like the separate add does, and every root is correctly rounded. Sanitizer
 // builds keep one path: the choosing runs while the program is loaded, before
-// a sanitizer's runtime is ready for instrumented code.
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+// a sanitizer's runtime is ready for instrumented code. GCC only: Clang wants
+// the clones named where a member is first declared.
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__) &&                \
+    !defined(__SANITIZE_THREAD__)
 #define UKE_WIDE_VECTORS __attribute__((target_clones("avx2", "default")))
 #else
 #define UKE_WIDE_VECTORS

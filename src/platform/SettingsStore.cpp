@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <limits>
 
 namespace uke {
 
@@ -56,6 +57,13 @@ long SettingsStore::integerForKey(const std::string& key) const {
     const double d = asDouble(*v);
     if (!std::isfinite(d))
         return 0;
+    // A number beyond the integer range (a damaged file) reads as the nearest
+    // end of it; converting it as it stands is undefined.
+    constexpr double kLongEnd = 9223372036854775808.0; // 2^63
+    if (d >= kLongEnd)
+        return std::numeric_limits<long>::max();
+    if (d < -kLongEnd)
+        return std::numeric_limits<long>::min();
     return static_cast<long>(d);
 }
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
 
 #include "platform/virtual/MemorySettingsStore.h"
@@ -26,6 +27,10 @@ TEST(SettingsStore, TypingRulesOfTheStore) {
     EXPECT_EQ(s.integerForKey("v"), 1);
     s.setString("junk", "abc");
     EXPECT_EQ(s.integerForKey("junk"), 0);
+    s.setString("huge", "1.1e67"); // found by fuzzing a damaged settings file
+    EXPECT_EQ(s.integerForKey("huge"), std::numeric_limits<long>::max());
+    s.setDouble("tiny", -1e300);
+    EXPECT_EQ(s.integerForKey("tiny"), std::numeric_limits<long>::min());
     s.wipeDomain();
     EXPECT_TRUE(s.keys().empty());
 }
