@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <regex>
 
 #include <samplerate.h>
 #include <sndfile.h>
@@ -55,9 +54,15 @@ public:
         for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, scratch_)) > 0 && text.size() < 65536;)
             text.append(buffer, n);
         // libmpg123: "Illegal Audio-MPEG-Header 0x00000000 at offset 12555."
-        static const std::regex offset("at offset ([0-9]+)");
-        std::smatch m;
-        return std::regex_search(text, m, offset) ? "near byte " + m[1].str() : std::string();
+        const std::string marker = "at offset ";
+        const auto at = text.find(marker);
+        if (at == std::string::npos)
+            return {};
+        const auto digits = at + marker.size();
+        const auto end = text.find_first_not_of("0123456789", digits);
+        if (end == digits)
+            return {};
+        return "near byte " + text.substr(digits, end - digits);
     }
 
 private:

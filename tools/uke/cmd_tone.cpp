@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
+#include <filesystem>
 #include <memory>
 #include <vector>
 
@@ -48,9 +51,15 @@ int writeWav(const ToneRequest& req, const std::string& path, std::ostream& err)
     info.samplerate = static_cast<int>(ToneGenerator::kSampleRate);
     info.channels = 2;
     info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    if (fs::is_directory(path, ec))
+        return fail(err, "'" + path + "' is a directory, not a file to write");
+    if (const fs::path folder = fs::path(path).parent_path(); !folder.empty() && !fs::is_directory(folder, ec))
+        return fail(err, "cannot write '" + path + "': the folder '" + folder.string() + "' does not exist");
     std::unique_ptr<SNDFILE, SndfileCloser> file(sf_open(path.c_str(), SFM_WRITE, &info));
     if (!file)
-        return fail(err, "cannot write '" + path + "': " + sf_strerror(nullptr));
+        return fail(err, "cannot write '" + path + "': " + std::strerror(errno));
 
     ToneGenerator tone;
     tone.toneFrequency = req.hz;
