@@ -26,6 +26,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "ProcFiles.h"
 #include "support/PulseServer.h"
 #include "support/SyntheticPluck.h"
 
@@ -115,13 +116,8 @@ long long treeRunNanoseconds(pid_t root) {
 }
 
 // Kilobytes of one "Name:" line of /proc/PID/smaps_rollup.
-long memoryKb(pid_t pid, const char* name) {
-    std::istringstream rollup(readFile("/proc/" + std::to_string(pid) + "/smaps_rollup"));
-    std::string line;
-    while (std::getline(rollup, line))
-        if (line.rfind(name, 0) == 0)
-            return std::atol(line.c_str() + std::strlen(name));
-    return -1;
+long rollupKb(pid_t pid, const char* name) {
+    return uke::bench::kilobytesIn("/proc/" + std::to_string(pid) + "/smaps_rollup", name);
 }
 
 // A child pinned to CPU 0 whose error stream is read line by line.
@@ -326,7 +322,7 @@ int main(int argc, char** argv) {
                         m->mean() / bare->mean(), m->preciseMean() / bare->preciseMean());
         if (screen.empty()) {
             std::printf("%-28s RSS %.1f MB, PSS %.1f MB (target RSS at most 60 MB)\n", "",
-                        memoryKb(running.pid(), "Rss:") / 1024.0, memoryKb(running.pid(), "Pss:") / 1024.0);
+                        rollupKb(running.pid(), "Rss:") / 1024.0, rollupKb(running.pid(), "Pss:") / 1024.0);
             if (const auto first = running.lineAt("first frame"))
                 std::printf("%-28s start-up to the first frame %.3f s (target at most 0.5 s)\n", "", *first);
             else

@@ -7,30 +7,17 @@
 // usage: soak [MINUTES]   (default 60)
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "../tests/support/SyntheticPluck.h"
+#include "ProcFiles.h"
 #include "app/TunerApp.h"
 #include "audio/MicListener.h"
 #include "platform/virtual/VirtualPlatform.h"
 #include "tuner/TuningCatalogue.h"
 #include "tuner/ViewController.h"
-
-namespace {
-
-// Kilobytes of one "Name:" line of /proc/self/status.
-long statusKb(const char* name) {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-        if (line.rfind(name, 0) == 0)
-            return std::atol(line.c_str() + std::string(name).size());
-    return -1;
-}
-
-} // namespace
 
 int main(int argc, char** argv) {
     const double minutes = argc > 1 ? std::atof(argv[1]) : 60.0;
@@ -84,9 +71,9 @@ int main(int argc, char** argv) {
         platform.capture.deliver(plucking ? pluck : silence);
         loop.advanceBy(kBlockSeconds);
         if (beforeKb == 0 && t >= 60.0)
-            beforeKb = statusKb("VmRSS:");
+            beforeKb = uke::bench::kilobytesIn("/proc/self/status", "VmRSS:");
     }
-    const long afterKb = statusKb("VmRSS:");
+    const long afterKb = uke::bench::kilobytesIn("/proc/self/status", "VmRSS:");
     std::printf("%.0f minutes of virtual time, %ld blocks\n", minutes, blocks);
     std::printf("RSS after the first minute %ld kB, at the end %ld kB (%+ld kB)\n", beforeKb, afterKb,
                 afterKb - beforeKb);

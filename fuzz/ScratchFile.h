@@ -1,6 +1,6 @@
 #pragma once
-// The readers under test take a path: each input is written to one scratch file
-// of the process, in the fastest folder there is.
+// The readers under test take a path: each input is written to a scratch file
+// of this process, in the fastest folder there is.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -9,16 +9,11 @@
 
 namespace uke::fuzz {
 
-inline const std::string& scratchPath(const char* suffix) {
-    static const std::string path = [suffix] {
-        const char* dir = access("/dev/shm", W_OK) == 0 ? "/dev/shm" : (std::getenv("TMPDIR") ? std::getenv("TMPDIR") : "/tmp");
-        return std::string(dir) + "/uke-fuzz-" + std::to_string(getpid()) + suffix;
-    }();
-    return path;
-}
-
-inline const std::string& writeScratch(const uint8_t* data, size_t size, const char* suffix) {
-    const std::string& path = scratchPath(suffix);
+// Writes the input to the process's scratch file ending in `suffix` and returns its path.
+inline std::string writeScratch(const uint8_t* data, size_t size, const char* suffix) {
+    const char* tmp = std::getenv("TMPDIR");
+    const std::string dir = access("/dev/shm", W_OK) == 0 ? "/dev/shm" : (tmp ? tmp : "/tmp");
+    const std::string path = dir + "/uke-fuzz-" + std::to_string(getpid()) + suffix;
     if (std::FILE* f = std::fopen(path.c_str(), "wb")) {
         std::fwrite(data, 1, size, f);
         std::fclose(f);

@@ -8,7 +8,7 @@
 #include "ScratchFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::string& path = uke::fuzz::writeScratch(data, size, ".audio");
+    const std::string path = uke::fuzz::writeScratch(data, size, ".audio");
     std::string error;
     if (const auto audio = uke::tool::readAudioFile(path, error)) {
         const auto blocks = audio->blocks();

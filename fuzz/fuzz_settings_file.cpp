@@ -8,7 +8,7 @@
 #include "settings/SettingsKeys.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::string& path = uke::fuzz::writeScratch(data, size, ".ini");
+    const std::string path = uke::fuzz::writeScratch(data, size, ".ini");
     uke::IniFileSettingsStore store(path);
     std::string error;
     if (!store.load(error))

@@ -9,8 +9,8 @@
 #include <QFileInfo>
 #include <QMediaDevices>
 #include <memory>
+#include <optional>
 #include <utility>
-#include <vector>
 
 #include <sndfile.h>
 
@@ -26,27 +26,27 @@ struct DecodedSound {
 };
 
 // The whole file as 16-bit samples, or nothing when libsndfile cannot read it.
-std::shared_ptr<const DecodedSound> decode(const QString& path) {
+std::optional<DecodedSound> decode(const QString& path) {
     SF_INFO info{};
     SNDFILE* file = sf_open(QFile::encodeName(path).constData(), SFM_READ, &info);
     if (!file)
-        return nullptr;
+        return std::nullopt;
     // Short sounds only: a minute is far beyond any sample or beep.
     constexpr sf_count_t kLongest = 60 * 48000;
-    auto sound = std::make_shared<DecodedSound>();
+    DecodedSound sound;
     if (info.channels >= 1 && info.channels <= 2 && info.samplerate > 0 && info.frames > 0 && info.frames <= kLongest) {
-        std::vector<short> samples(static_cast<size_t>(info.frames) * static_cast<size_t>(info.channels));
-        const sf_count_t got = sf_readf_short(file, samples.data(), info.frames);
-        if (got > 0) {
-            sound->pcm = QByteArray(reinterpret_cast<const char*>(samples.data()),
-                                    static_cast<qsizetype>(got * info.channels * sizeof(short)));
-            sound->format.setSampleRate(info.samplerate);
-            sound->format.setChannelCount(info.channels);
-            sound->format.setSampleFormat(QAudioFormat::Int16);
-        }
+        const qsizetype frameBytes = info.channels * static_cast<qsizetype>(sizeof(short));
+        sound.pcm.resize(static_cast<qsizetype>(info.frames) * frameBytes);
+        const sf_count_t got = sf_readf_short(file, reinterpret_cast<short*>(sound.pcm.data()), info.frames);
+        sound.pcm.resize(got > 0 ? static_cast<qsizetype>(got) * frameBytes : 0);
+        sound.format.setSampleRate(info.samplerate);
+        sound.format.setChannelCount(info.channels);
+        sound.format.setSampleFormat(QAudioFormat::Int16);
     }
     sf_close(file);
-    return sound->pcm.isEmpty() ? nullptr : sound;
+    if (sound.pcm.isEmpty())
+        return std::nullopt;
+    return sound;
 }
 
 class QtSoundPlayer : public SoundPlayer {
@@ -95,7 +95,7 @@ public:
 
 private:
     QString path_;
-    std::shared_ptr<const DecodedSound> sound_;
+    std::optional<DecodedSound> sound_;
     QAudioSink* sink_ = nullptr; // made at the first play on a device
     QBuffer* buffer_ = nullptr;  // the sink's child, read from the start at each play
 };
