@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is needed, builds with warnings as errors, and runs every test:
 # once in the normal build, once in the demonstration-mode build and once under
-# the address and undefined-behaviour sanitizers.
+# the address and undefined-behaviour sanitizers; the threaded parts once more
+# under the thread sanitizer; then each fuzz target for a minute.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
@@ -16,5 +17,13 @@ BUILD_DIR=build-demo scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEM
 BUILD_DIR=build-asan scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF -DUKE_SANITIZE=ON \
   -DUKE_BUILD_BENCH=OFF
 (cd build-asan && ctest --output-on-failure --timeout 600 -j2)
+# The programs that run more than one thread (capture, tone rendering, the rating
+# prompt's worker, the real devices end to end) under the thread sanitizer; the
+# rest of the suite is single-threaded and is not built again for it.
+THREADED="audio rating sounds qtplatform e2e"
+cmake -S . -B build-tsan -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DUKE_WITH_QT=ON -DUKE_WERROR=ON \
+  -DUKE_DEMO_MODE=OFF -DUKE_SANITIZE_THREAD=ON -DUKE_BUILD_BENCH=OFF
+cmake --build build-tsan --target $(printf 'test_%s ' $THREADED)
+(cd build-tsan && ctest --output-on-failure --timeout 600 -j2 -L "^($(echo $THREADED | tr ' ' '|'))\$")
 # Every reader of outside input fuzzed for a minute from its seed corpus.
 scripts/fuzz.sh 60

@@ -17,6 +17,7 @@
 
 #include <samplerate.h>
 
+#include "platform/qt/Mailbox.h"
 #include "platform/qt/QtPorts.h"
 
 namespace uke {
@@ -56,10 +57,10 @@ private:
 
 class QtAudioCapture : public AudioCapture {
 public:
-    explicit QtAudioCapture(QtAudioCaptureOptions options) : options_(options), context_(new QObject) {
+    explicit QtAudioCapture(QtAudioCaptureOptions options) : options_(options), mailbox_(new Mailbox) {
         thread_.setObjectName("uke-capture");
-        context_->moveToThread(&thread_);
-        QObject::connect(&thread_, &QThread::finished, context_, &QObject::deleteLater);
+        mailbox_->moveToThread(&thread_);
+        QObject::connect(&thread_, &QThread::finished, mailbox_, &QObject::deleteLater);
         thread_.start();
     }
 
@@ -208,12 +209,7 @@ public:
     }
 
 private:
-    template <class F> void onCaptureThread(F&& f) {
-        if (QThread::currentThread() == &thread_)
-            f();
-        else
-            QMetaObject::invokeMethod(context_, std::forward<F>(f), Qt::BlockingQueuedConnection);
-    }
+    template <class F> void onCaptureThread(F&& f) { mailbox_->call(std::forward<F>(f)); }
 
     void setError(std::string e) {
         std::lock_guard lock(mutex_);
@@ -336,7 +332,7 @@ private:
 
     QtAudioCaptureOptions options_;
     QThread thread_;
-    QObject* context_; // lives on thread_; every call made there goes through it
+    Mailbox* mailbox_; // lives on thread_; every call made there goes through it
     std::atomic<bool> exists_{false};
     std::atomic<bool> running_{false};
     Callback callback_;

@@ -13,6 +13,7 @@
 #include <cstring>
 #include <vector>
 
+#include "platform/qt/Mailbox.h"
 #include "platform/qt/QtPorts.h"
 
 namespace uke {
@@ -61,10 +62,10 @@ private:
 
 class QtAudioOutput : public AudioOutput {
 public:
-    QtAudioOutput() : context_(new QObject) {
+    QtAudioOutput() : mailbox_(new Mailbox) {
         thread_.setObjectName("uke-tone-output");
-        context_->moveToThread(&thread_);
-        QObject::connect(&thread_, &QThread::finished, context_, &QObject::deleteLater);
+        mailbox_->moveToThread(&thread_);
+        QObject::connect(&thread_, &QThread::finished, mailbox_, &QObject::deleteLater);
         thread_.start();
     }
 
@@ -131,9 +132,7 @@ public:
     }
 
 private:
-    template <class F> void onOutputThread(F&& f) {
-        QMetaObject::invokeMethod(context_, std::forward<F>(f), Qt::BlockingQueuedConnection);
-    }
+    template <class F> void onOutputThread(F&& f) { mailbox_->call(std::forward<F>(f)); }
 
     // The rest runs on the output thread.
     void stopSink() {
@@ -152,7 +151,7 @@ private:
         retired_.emplace_back(sink_, source_);
         sink_ = nullptr;
         source_ = nullptr;
-        QTimer::singleShot(kSettleMs, context_, [this] {
+        QTimer::singleShot(kSettleMs, mailbox_, [this] {
             if (retired_.empty())
                 return;
             delete retired_.front().first;
@@ -167,7 +166,7 @@ private:
     }
 
     QThread thread_;
-    QObject* context_; // lives on thread_; every call made there goes through it
+    Mailbox* mailbox_; // lives on thread_; every call made there goes through it
     QAudioSink* sink_ = nullptr;
     RenderDevice* source_ = nullptr;
     std::vector<std::pair<QAudioSink*, RenderDevice*>> retired_;

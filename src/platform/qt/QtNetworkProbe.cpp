@@ -6,6 +6,7 @@
 #include <QUrl>
 #include <atomic>
 
+#include "platform/qt/Mailbox.h"
 #include "platform/qt/QtPorts.h"
 
 namespace uke {
@@ -56,8 +57,7 @@ public:
         if (!address.isValid())
             return false;
         if (QThread::currentThread() != thread()) {
-            QMetaObject::invokeMethod(
-                this, [this, address, timeoutSeconds] { fetch(address, timeoutSeconds); }, Qt::QueuedConnection);
+            mailbox_.post([this, address, timeoutSeconds] { fetch(address, timeoutSeconds); });
             return true;
         }
         return fetch(address, timeoutSeconds);
@@ -78,6 +78,7 @@ private:
     std::atomic<QNetworkInformation::Reachability> reachability_{QNetworkInformation::Reachability::Unknown};
     std::atomic<bool> captivePortal_{false};
     QNetworkAccessManager manager_;
+    Mailbox mailbox_{this}; // fetches asked for on other threads
 };
 
 } // namespace

@@ -1,8 +1,6 @@
 #include "platform/qt/QtRunLoop.h"
 
 #include <QDateTime>
-#include <QMetaObject>
-#include <QThreadPool>
 #include <QTimer>
 #include <cmath>
 
@@ -30,9 +28,9 @@ void QtRunLoop::scheduleRepeating(double intervalSeconds, Task task) {
 double QtRunLoop::now() const { return static_cast<double>(QDateTime::currentMSecsSinceEpoch()) / 1000.0; }
 
 void QtRunLoop::dispatchMain(Task task) {
-    QMetaObject::invokeMethod(this, [this, task = std::move(task)] { run(task); }, Qt::QueuedConnection);
+    mailbox_.post([this, task = std::move(task)] { run(task); });
 }
 
-void QtRunLoop::dispatchBackground(Task task) { QThreadPool::globalInstance()->start(std::move(task)); }
+void QtRunLoop::dispatchBackground(Task task) { runInPool(std::move(task)); }
 
 } // namespace uke

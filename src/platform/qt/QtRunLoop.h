@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "platform/RunLoop.h"
+#include "platform/qt/Mailbox.h"
 
 namespace uke {
 
@@ -23,6 +24,8 @@ public:
 
 private:
     void run(const Task& task, bool repeating = false);
+
+    Mailbox mailbox_{this}; // what other threads hand to this one
 };
 
 } // namespace uke
