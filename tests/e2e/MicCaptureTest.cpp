@@ -13,6 +13,7 @@
 #include <set>
 #include <thread>
 
+#include "AppHost.h"
 #include "audio/MicListener.h"
 #include "platform/qt/QtAudioCapture.h"
 #include "platform/virtual/Fakes.h"
@@ -120,22 +121,33 @@ TEST_P(MicCapture, PluckIsEstimatedAtItsPitchAndPauseAndStopEndTheBlocks) {
 
 INSTANTIATE_TEST_SUITE_P(Rates, MicCapture, ::testing::Values(0, 48000));
 
-// Qt connects to the sound server once per process, so the case without one runs
-// in a child process of this program whose PULSE_SERVER leads nowhere.
-TEST(MicCaptureWithoutServer, MissingInputIsLoggedAndTheListenerReadsNothing) {
+// A machine with no sound server at all (so no microphone and no speaker): the
+// app starts, its read-out says there is no microphone, the tones and the string
+// sounds stay silent, and each of these is said once on the error stream. Qt
+// connects to the sound server once per process, so this runs in a child process
+// of this program whose PULSE_SERVER leads nowhere.
+TEST(AppWithoutSoundServer, RunsAndSaysThereIsNoMicrophoneAndNoSpeaker) {
     test::ensureQtApp();
+    QTemporaryDir home;
     if (qEnvironmentVariableIsSet("UKE_E2E_NO_SOUND_SERVER")) {
-        auto capture = makeQtAudioCapture(QtAudioCaptureOptions{});
-        RecordingLog log;
-        const MicListener::Attachment attached(*capture, log);
-        MicListener* listener = MicListener::sharedListener();
-        listener->listen();
-        EXPECT_TRUE(log.contains("Error creating session: no audio input device is available")) << log.lines.size();
-        EXPECT_FALSE(listener->isListening());
-        EXPECT_EQ(listener->averagePower() + listener->frequency(), 0.0f);
+        AppHost::Options o;
+        o.device = *DeviceClass::parse("phone-844");
+        o.settingsPath = home.filePath("settings.ini");
+        o.language = "en";
+        AppHost host(o);
+        ASSERT_TRUE(host.start());
+        EXPECT_FALSE(host.hearing());
+        EXPECT_EQ(host.idleReadout(), "No microphone found");
+        EXPECT_EQ(MicListener::sharedListener()->averagePower() + MicListener::sharedListener()->frequency(), 0.0f);
+        host.tuner()->toggleStringSounds(true);
+        for (int twice = 0; twice < 2; ++twice) {
+            host.tuner()->playA440Hz();
+            host.tuner()->play1stStringSound();
+            QCoreApplication::processEvents();
+            host.tuner()->stopFreqPlay();
+        }
         return;
     }
-    QTemporaryDir home;
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert("UKE_E2E_NO_SOUND_SERVER", "1");
     env.insert("PULSE_SERVER", "unix:" + home.filePath("no-such-socket"));
@@ -145,12 +157,19 @@ TEST(MicCaptureWithoutServer, MissingInputIsLoggedAndTheListenerReadsNothing) {
     child.setProcessEnvironment(env);
     child.setProcessChannelMode(QProcess::MergedChannels);
     child.start(QCoreApplication::applicationFilePath(),
-                {"--gtest_filter=MicCaptureWithoutServer.MissingInputIsLoggedAndTheListenerReadsNothing"});
+                {"--gtest_filter=AppWithoutSoundServer.RunsAndSaysThereIsNoMicrophoneAndNoSpeaker"});
     ASSERT_TRUE(child.waitForFinished(60000));
     const std::string output = QString::fromLocal8Bit(child.readAll()).toStdString();
     EXPECT_EQ(child.exitStatus(), QProcess::NormalExit) << output;
     EXPECT_EQ(child.exitCode(), 0) << output;
     EXPECT_NE(output.find("[  PASSED  ] 1 test"), std::string::npos) << output;
+    for (const char* line : {"Error creating session: no audio input device is available",
+                             "Tone output: no audio output device; the reference tone stays silent",
+                             "Sounds: no audio output device; the string sounds and the beep stay silent"}) {
+        const size_t at = output.find(line);
+        EXPECT_NE(at, std::string::npos) << line << "\n" << output;
+        EXPECT_EQ(output.find(line, at + 1), std::string::npos) << "said more than once: " << line;
+    }
 }
 
 } // namespace

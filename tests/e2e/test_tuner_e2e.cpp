@@ -110,5 +110,29 @@ INSTANTIATE_TEST_SUITE_P(Devices, TunerEndToEnd, ::testing::Values("phone-844", 
     return name;
 });
 
+// A microphone pulled out while the player tunes: the read-out says so, and when
+// it is plugged in again the tuner hears it with no action from the player.
+class MicrophoneUnplugged : public TunerEndToEnd {};
+
+TEST_P(MicrophoneUnplugged, ReadOutSaysSoAndTuningCarriesOnWhenItIsBack) {
+    using namespace std::chrono_literals;
+    ASSERT_TRUE(runUntil([&] { return host->hearing(); }, 5s));
+    ASSERT_TRUE(pulse().unplugMicrophone()) << pulse().serverLog();
+    ASSERT_TRUE(runUntil([&] { return !host->hearing(); }, 10s)) << "the app never noticed";
+    EXPECT_EQ(host->idleReadout(), "No microphone found");
+    EXPECT_EQ(screen().LEDDisplay.image, "yellow64.png");
+
+    ASSERT_TRUE(pulse().plugMicrophone()) << pulse().serverLog();
+    ASSERT_TRUE(runUntil([&] { return host->hearing(); }, 10s)) << "the app never listened again";
+    EXPECT_EQ(host->idleReadout(), "Pluck a string");
+    pulse().writeToMicrophone(test::syntheticPluck(440.0, 44100.0, 2 * 44100), 44100);
+    ASSERT_TRUE(runUntil([&] { return screen().LEDDisplay.image == "green64.png"; }))
+        << "A4 never lit after the microphone came back; read-out: " << screen().freq_label.text;
+}
+
+INSTANTIATE_TEST_SUITE_P(Phone, MicrophoneUnplugged, ::testing::Values("phone-844"), [](const auto&) {
+    return std::string("phone844");
+});
+
 } // namespace
 } // namespace uke

@@ -192,15 +192,8 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
 
-    // The server holds the FIFO open for reading, so this open does not block.
-    fifo_ = ::open(fifoPath_.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
-    if (fifo_ < 0)
+    if (!openMicrophonePipe())
         return failWith("cannot open the microphone pipe: " + std::string(std::strerror(errno)));
-    // The pipe source stops reading while nothing records, and a real microphone
-    // does not store sound for later: the writer never blocks, a full pipe drops
-    // the slice, and a small pipe keeps what is replayed to the next recording
-    // short (about 0.2 s at 44100 Hz).
-    ::fcntl(fifo_, F_SETPIPE_SZ, 16384);
     // A server that dies under a write must fail the test, not kill the program.
     std::signal(SIGPIPE, SIG_IGN);
 
@@ -209,6 +202,44 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
     stopping_ = false;
     writer_ = std::thread([this] { writerLoop(); });
     return true;
+}
+
+bool PulseServer::openMicrophonePipe() {
+    // The server holds the FIFO open for reading, so this open does not block.
+    const int fd = ::open(fifoPath_.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    // The pipe source stops reading while nothing records, and a real microphone
+    // does not store sound for later: the writer never blocks, a full pipe drops
+    // the slice, and a small pipe keeps what is replayed to the next recording
+    // short (about 0.2 s at 44100 Hz).
+    ::fcntl(fd, F_SETPIPE_SZ, 16384);
+    std::lock_guard lock(mutex_);
+    fifo_ = fd;
+    return true;
+}
+
+bool PulseServer::unplugMicrophone() {
+    std::string modules;
+    if (pactl({"list", "short", "modules"}, &modules) != 0)
+        return false;
+    std::istringstream lines(modules);
+    std::string line, index;
+    while (std::getline(lines, line))
+        if (line.find("module-pipe-source") != std::string::npos)
+            index = line.substr(0, line.find('\t'));
+    if (index.empty() || pactl({"unload-module", index}) != 0)
+        return false;
+    std::lock_guard lock(mutex_);
+    ::close(fifo_);
+    fifo_ = -1;
+    return true;
+}
+
+bool PulseServer::plugMicrophone() {
+    return pactl({"load-module", "module-pipe-source", std::string("source_name=") + kMicrophone, "file=" + fifoPath_,
+                  "format=s16le", "channels=1", "rate=" + std::to_string(kRate)}) == 0 &&
+           pactl({"set-default-source", kMicrophone}) == 0 && openMicrophonePipe();
 }
 
 void PulseServer::writerLoop() {
@@ -228,15 +259,16 @@ void PulseServer::writerLoop() {
             chunk.resize(slice, 0);
             if (pending_.empty())
                 changed_.notify_all();
+            // A slice is smaller than PIPE_BUF, so it goes in whole or not at all.
+            // Written under the lock, so that an unplugged microphone's pipe is not
+            // closed under the write; a pipe with no server behind it takes nothing.
+            if (fifo_ >= 0) {
+                ssize_t w = 0;
+                do {
+                    w = ::write(fifo_, chunk.data(), chunk.size() * sizeof(int16_t));
+                } while (w < 0 && errno == EINTR);
+            }
         }
-        // A slice is smaller than PIPE_BUF, so it goes in whole or not at all.
-        const size_t size = chunk.size() * sizeof(int16_t);
-        ssize_t w = 0;
-        do {
-            w = ::write(fifo_, chunk.data(), size);
-        } while (w < 0 && errno == EINTR);
-        if (w < 0 && errno != EAGAIN)
-            return; // the server is gone
         next += std::chrono::milliseconds(10);
         const auto now = Clock::now();
         if (next < now - std::chrono::milliseconds(200))

@@ -59,6 +59,12 @@ public:
     // Waits until everything queued has gone into the pipe.
     bool waitMicrophoneDrained(std::chrono::milliseconds timeout);
 
+    // Takes the microphone away (its source module unloaded, as when a headset is
+    // pulled out) and brings it back as the default source. Samples written while
+    // it is away are lost.
+    bool unplugMicrophone();
+    bool plugMicrophone();
+
     // Records the speaker's monitor (s16le mono at `rate`) with parec until
     // stopRecording(); returns once the recording stream is connected.
     bool startRecordingSpeaker(int rate = 44100, std::chrono::milliseconds timeout = std::chrono::seconds(10));
@@ -73,6 +79,7 @@ private:
     pid_t spawn(const std::vector<std::string>& argv, const std::string& outputFile) const;
     bool failWith(const std::string& message);
     void writerLoop();
+    bool openMicrophonePipe();
 
     std::string folder_;
     std::string address_;

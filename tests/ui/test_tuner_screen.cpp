@@ -32,6 +32,14 @@ TEST(TunerScreen, ReadOutSaysWhetherTheMicrophoneIsHeard) {
         EXPECT_EQ(r.host->hearing(), microphone);
         EXPECT_EQ(r.text("freq_label"), microphone ? "Pluck a string" : "No microphone found");
     }
+    // A microphone that stops delivering (pulled out) and comes back.
+    RunningApp r("phone-844", "en");
+    ASSERT_TRUE(r.started);
+    for (const bool connected : {false, true, false}) {
+        r.capture->running = connected;
+        test::settle(100);
+        EXPECT_EQ(r.text("freq_label"), connected ? "Pluck a string" : "No microphone found") << connected;
+    }
 }
 
 // The arrows reach their actions; the note takes the lamp's colour when the core says "in tune".

@@ -6,6 +6,7 @@
 #include <QIODevice>
 #include <QMediaDevices>
 #include <QThread>
+#include <QTimer>
 #include <algorithm>
 #include <atomic>
 #include <cmath>
@@ -27,6 +28,8 @@ namespace {
 // Time the sound server gets to let go of a stopped stream before its source is
 // deleted; deleting at once can race with the server's last callback.
 constexpr unsigned long kSettleMs = 100;
+// How often a running capture checks that its device is still connected.
+constexpr int kWatchMs = 500;
 
 const char* describe(QAudio::Error e) {
     switch (e) {
@@ -62,6 +65,11 @@ public:
         mailbox_->moveToThread(&thread_);
         QObject::connect(&thread_, &QThread::finished, mailbox_, &QObject::deleteLater);
         thread_.start();
+        onCaptureThread([this] {
+            watch_ = new QTimer(mailbox_);
+            watch_->setInterval(kWatchMs);
+            QObject::connect(watch_, &QTimer::timeout, mailbox_, [this] { watchDevice(); });
+        });
     }
 
     ~QtAudioCapture() override {
@@ -82,37 +90,17 @@ public:
             return false;
         }
         targetRate_ = static_cast<int>(std::lround(format.sampleRate));
-        QAudioFormat wanted;
-        wanted.setSampleRate(options_.deviceRate > 0 ? options_.deviceRate : targetRate_);
-        wanted.setChannelCount(1);
-        wanted.setSampleFormat(QAudioFormat::Int16);
-        if (!device.isFormatSupported(wanted)) {
-            // Take what the device offers and convert it ourselves.
-            wanted = device.preferredFormat();
-            if (options_.deviceRate > 0)
-                wanted.setSampleRate(options_.deviceRate);
-        }
-        if (!wanted.isValid() || !device.isFormatSupported(wanted)) {
-            setError("the input device \"" + device.description().toStdString() + "\" offers no usable format");
-            return false;
-        }
-        deviceFormat_ = wanted;
-        direct_ = wanted.sampleRate() == targetRate_ && wanted.channelCount() == 1 &&
-                  wanted.sampleFormat() == QAudioFormat::Int16;
         callback_ = std::move(callback);
+        bool made = false;
         onCaptureThread([&] {
             sink_ = new CaptureSink(*this);
             sink_->open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-            source_ = new QAudioSource(device, deviceFormat_);
-            source_->setBufferSize(options_.sourceBufferBytes);
-            if (!direct_) {
-                int status = 0;
-                resampler_ = src_new(SRC_SINC_MEDIUM_QUALITY, 1, &status);
-            }
+            made = makeSource(device);
         });
-        if (!direct_ && !resampler_) {
+        if (!made) {
+            const std::string error = lastError();
             dispose();
-            setError("the resampler could not be made");
+            setError(error);
             return false;
         }
         exists_ = true;
@@ -133,54 +121,40 @@ public:
     }
 
     void start() override {
-        if (!exists_ || running_)
+        if (!exists_)
+            return;
+        wanted_ = true;
+        if (running_)
             return;
         onCaptureThread([this] {
-            pending_.clear();
-            carry_.clear();
-            if (resampler_)
-                src_reset(resampler_);
-            {
-                std::lock_guard lock(mutex_);
-                filled_ = 0;
-            }
-            // Set before the source starts: the first block may arrive inside start().
-            running_ = true;
-            source_->start(sink_);
-            if (source_->error() != QAudio::NoError || source_->state() == QAudio::StoppedState) {
-                running_ = false;
-                setError(std::string("the microphone could not be started: ") + describe(source_->error()));
-                source_->stop();
-            }
+            watch_->start();
+            // A microphone that went away comes back through the watch.
+            if (!lost_)
+                startSource();
         });
     }
 
     void stop() override {
+        wanted_ = false;
         running_ = false;
         if (!exists_)
             return;
         onCaptureThread([this] {
+            watch_->stop();
             source_->stop();
             pending_.clear();
         });
     }
 
     void dispose() override {
+        wanted_ = false;
         running_ = false;
         onCaptureThread([this] {
-            if (source_) {
-                source_->stop();
-                QThread::msleep(kSettleMs);
-            }
-            delete source_;
-            source_ = nullptr;
+            watch_->stop();
+            lost_ = false;
+            dropSource();
             delete sink_;
             sink_ = nullptr;
-            if (resampler_)
-                src_delete(resampler_);
-            resampler_ = nullptr;
-            pending_.clear();
-            carry_.clear();
         });
         std::lock_guard lock(mutex_);
         buffers_.clear();
@@ -210,6 +184,107 @@ public:
 
 private:
     template <class F> void onCaptureThread(F&& f) { mailbox_->call(std::forward<F>(f)); }
+
+    // The rest up to consume's helpers runs on the capture thread.
+
+    // A source on `device` in the queue's format, or in the device's own with
+    // conversion; false, with the error set, when the device offers nothing usable.
+    bool makeSource(const QAudioDevice& device) {
+        dropSource();
+        QAudioFormat wanted;
+        wanted.setSampleRate(options_.deviceRate > 0 ? options_.deviceRate : targetRate_);
+        wanted.setChannelCount(1);
+        wanted.setSampleFormat(QAudioFormat::Int16);
+        if (!device.isFormatSupported(wanted)) {
+            // Take what the device offers and convert it ourselves.
+            wanted = device.preferredFormat();
+            if (options_.deviceRate > 0)
+                wanted.setSampleRate(options_.deviceRate);
+        }
+        if (!wanted.isValid() || !device.isFormatSupported(wanted)) {
+            setError("the input device \"" + device.description().toStdString() + "\" offers no usable format");
+            return false;
+        }
+        deviceFormat_ = wanted;
+        direct_ = wanted.sampleRate() == targetRate_ && wanted.channelCount() == 1 &&
+                  wanted.sampleFormat() == QAudioFormat::Int16;
+        if (!direct_) {
+            int status = 0;
+            resampler_ = src_new(SRC_SINC_MEDIUM_QUALITY, 1, &status);
+            if (!resampler_) {
+                setError("the resampler could not be made");
+                return false;
+            }
+        }
+        device_ = device;
+        source_ = new QAudioSource(device, deviceFormat_);
+        source_->setBufferSize(options_.sourceBufferBytes);
+        return true;
+    }
+
+    void dropSource() {
+        if (source_) {
+            source_->stop();
+            QThread::msleep(kSettleMs);
+        }
+        delete source_;
+        source_ = nullptr;
+        if (resampler_)
+            src_delete(resampler_);
+        resampler_ = nullptr;
+        pending_.clear();
+        carry_.clear();
+    }
+
+    void startSource() {
+        pending_.clear();
+        carry_.clear();
+        if (resampler_)
+            src_reset(resampler_);
+        {
+            std::lock_guard lock(mutex_);
+            filled_ = 0;
+        }
+        // Set before the source starts: the first block may arrive inside start().
+        running_ = true;
+        source_->start(sink_);
+        if (source_->error() != QAudio::NoError || source_->state() == QAudio::StoppedState) {
+            running_ = false;
+            setError(std::string("the microphone could not be started: ") + describe(source_->error()));
+            source_->stop();
+        }
+    }
+
+    // A microphone can be pulled out while it records. The sound server then
+    // moves the recording to whatever source is left (a speaker's monitor, or
+    // nothing), which is not the player's instrument: capture stops, the listener
+    // reads nothing (the read-out says there is no microphone), and when an input
+    // is there again, the default one is opened and capture carries on.
+    void watchDevice() {
+        if (!wanted_)
+            return;
+        if (!lost_) {
+            for (const QAudioDevice& input : QMediaDevices::audioInputs())
+                if (input.id() == device_.id())
+                    return;
+            lost_ = true;
+            running_ = false;
+            source_->stop();
+            setError("the microphone \"" + device_.description().toStdString() + "\" was disconnected");
+            qWarning("Microphone: \"%s\" was disconnected; listening again when an input is connected",
+                     qPrintable(device_.description()));
+            return;
+        }
+        const QAudioDevice device = QMediaDevices::defaultAudioInput();
+        if (device.isNull() || !makeSource(device))
+            return;
+        startSource();
+        if (running_) {
+            lost_ = false;
+            setError({});
+            qWarning("Microphone: listening to \"%s\"", qPrintable(device.description()));
+        }
+    }
 
     void setError(std::string e) {
         std::lock_guard lock(mutex_);
@@ -334,7 +409,8 @@ private:
     QThread thread_;
     Mailbox* mailbox_; // lives on thread_; every call made there goes through it
     std::atomic<bool> exists_{false};
-    std::atomic<bool> running_{false};
+    std::atomic<bool> running_{false}; // blocks are being delivered
+    std::atomic<bool> wanted_{false};  // the owner started capture and has not stopped it
     Callback callback_;
 
     mutable std::mutex mutex_; // guards buffers_, enqueued_, filled_ and error_
@@ -348,8 +424,11 @@ private:
     QAudioFormat deviceFormat_;
     int targetRate_ = 0;
     bool direct_ = true;
+    QAudioDevice device_;
     QAudioSource* source_ = nullptr;
     CaptureSink* sink_ = nullptr;
+    QTimer* watch_ = nullptr; // checks, while capture is wanted, that the device is still there
+    bool lost_ = false;       // the device went away while capture was wanted
     SRC_STATE* resampler_ = nullptr;
     std::vector<char> carry_;
     std::vector<float> mono_, resampled_;

@@ -44,6 +44,14 @@ QString defaultPath() {
 QtSettingsStore::QtSettingsStore(const QString& path, Log& log) : log_(log) {
     const QString file = path.isEmpty() ? defaultPath() : path;
     QDir().mkpath(QFileInfo(file).absolutePath());
+    if (QFileInfo(file).isDir()) {
+        // Someone's folder, not a damaged file: it is left alone, and the settings
+        // live for this session only.
+        log_.log(("Settings file " + file + " is a folder; settings will not be saved this session").toStdString());
+        settings_ = std::make_unique<QSettings>(file, QSettings::IniFormat);
+        writeFailed_ = true;
+        return;
+    }
     settings_ = std::make_unique<QSettings>(file, QSettings::IniFormat);
     if (settings_->status() != QSettings::NoError || looksDamaged(file)) {
         const QString reason = settings_->status() == QSettings::AccessError ? "it cannot be read" : "it is damaged";
@@ -72,9 +80,31 @@ void QtSettingsStore::setValue(const std::string& key, const SettingValue& value
 void QtSettingsStore::wipeDomain() { settings_->clear(); }
 
 void QtSettingsStore::synchronize() {
+    if (writeFailed_) {
+        // A QSettings keeps the first error it met for the rest of its life, so
+        // whether this write works can only be told by a new one, given every
+        // value again so that all of them are written.
+        std::vector<std::pair<QString, QVariant>> all;
+        for (const QString& key : settings_->allKeys())
+            all.emplace_back(key, settings_->value(key));
+        settings_ = std::make_unique<QSettings>(settings_->fileName(), QSettings::IniFormat);
+        for (const QString& key : settings_->allKeys())
+            settings_->remove(key);
+        for (const auto& [key, value] : all)
+            settings_->setValue(key, value);
+    }
     settings_->sync();
-    if (settings_->status() == QSettings::AccessError)
-        log_.log(("Settings could not be written to " + settings_->fileName()).toStdString());
+    // QSettings keeps unsaved changes until a write succeeds, and the file is
+    // replaced whole or not at all, so a failed write loses nothing: it is said
+    // once, not at every change, and again when saving works once more.
+    const bool failed = settings_->status() == QSettings::AccessError;
+    if (failed && !writeFailed_)
+        log_.log(("Settings could not be written to " + settings_->fileName() +
+                  " (read-only, or the disk is full); they are kept until it can be")
+                     .toStdString());
+    else if (!failed && writeFailed_)
+        log_.log(("Settings saved again to " + settings_->fileName()).toStdString());
+    writeFailed_ = failed;
 }
 
 std::vector<std::string> QtSettingsStore::keys() const {

@@ -10,6 +10,8 @@ namespace uke {
 // The settings store on QSettings (an INI file in the user's configuration folder).
 // Values are kept in the text form of settingToText so that types survive the file.
 // A damaged file is moved aside (nothing is deleted) and the app starts afresh.
+// A file that cannot be written (read-only, a full disk, a folder in its place)
+// is left as it is; the settings are kept in memory and written when it can be.
 class QtSettingsStore : public SettingsStore {
 public:
     // `path` empty: the standard location for the app.
@@ -26,6 +28,7 @@ public:
 private:
     std::unique_ptr<QSettings> settings_;
     Log& log_;
+    bool writeFailed_ = false; // the last write failed, and that was said
 };
 
 } // namespace uke

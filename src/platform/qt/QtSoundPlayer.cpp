@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMediaDevices>
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -71,8 +72,12 @@ public:
             return;
         if (!sink_) {
             const QAudioDevice device = QMediaDevices::defaultAudioOutput();
-            if (device.isNull())
+            if (device.isNull()) {
+                static std::atomic<bool> said{false};
+                if (!said.exchange(true))
+                    qWarning("Sounds: no audio output device; the string sounds and the beep stay silent");
                 return;
+            }
             sink_ = new QAudioSink(device, sound_->format);
             buffer_ = new QBuffer(sink_);
             buffer_->setData(sound_->pcm);
