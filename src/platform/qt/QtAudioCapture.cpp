@@ -141,7 +141,9 @@ public:
             return;
         onCaptureThread([this] {
             watch_->stop();
-            source_->stop();
+            // A lost device whose replacement could not be opened leaves no source.
+            if (source_)
+                source_->stop();
             pending_.clear();
         });
     }
