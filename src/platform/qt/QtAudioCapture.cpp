@@ -98,9 +98,8 @@ public:
             made = makeSource(device);
         });
         if (!made) {
-            const std::string error = lastError();
+            // dispose() keeps the error makeSource() set.
             dispose();
-            setError(error);
             return false;
         }
         exists_ = true;
@@ -187,7 +186,7 @@ public:
 private:
     template <class F> void onCaptureThread(F&& f) { mailbox_->call(std::forward<F>(f)); }
 
-    // The rest up to consume's helpers runs on the capture thread.
+    // makeSource, dropSource, startSource and watchDevice run on the capture thread.
 
     // A source on `device` in the queue's format, or in the device's own with
     // conversion; false, with the error set, when the device offers nothing usable.
