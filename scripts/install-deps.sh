@@ -9,10 +9,10 @@ PACKAGES=(
   qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick
   qml6-module-qtquick-window qml6-module-qtquick-layouts qml6-module-qtquick-templates
   qml6-module-qtquick-controls
-  gstreamer1.0-plugins-base gstreamer1.0-plugins-good
   libkissfft-dev libsndfile1-dev libsamplerate0-dev
   libgtest-dev libgmock-dev libbenchmark-dev clang libfuzzer-14-dev
   pulseaudio pulseaudio-utils sox libsox-fmt-mp3 lame xvfb xauth imagemagick
+  librsvg2-bin desktop-file-utils appstream dpkg-dev file man-db
 )
 
 SUDO=""

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QLocale>
 #include <QQuickWindow>
@@ -32,11 +33,15 @@ QVariantMap readJsonResource(const QString& path) {
 // Where the engine keeps the host that made it, for the singleton's factory.
 constexpr char kHostProperty[] = "ukeAppHost";
 
+// The sounds are found from where the binary runs, never from where it was built:
+// an installed copy (or one moved elsewhere with its share folder) reads
+// PREFIX/share/ukulele-tuner/sounds, and the build tree keeps a copy beside the binary.
 QString defaultResourcePath() {
-    const QString beside = QCoreApplication::applicationDirPath() + "/sounds";
-    if (QDir(beside).exists())
-        return beside;
-    return QStringLiteral(UKE_SOURCE_RESOURCES) + "/sounds";
+    const QDir bin(QCoreApplication::applicationDirPath());
+    const QString installed = bin.filePath(QStringLiteral("../share/ukulele-tuner/sounds"));
+    if (QDir(installed).exists())
+        return QDir::cleanPath(installed);
+    return bin.filePath(QStringLiteral("sounds"));
 }
 
 } // namespace
@@ -63,7 +68,12 @@ std::unique_ptr<AppPorts> AppHost::qtPorts(const Options& options) {
     ports->urls = makeQtUrlOpener();
     ports->network = makeQtNetworkProbe();
     ports->storeReview = makeQtStoreReview();
-    ports->resourcePath = (options.resourcePath.isEmpty() ? defaultResourcePath() : options.resourcePath).toStdString();
+    const QString sounds = options.resourcePath.isEmpty() ? defaultResourcePath() : options.resourcePath;
+    // Said once here, rather than by every silent button press later.
+    if (!QFileInfo(QDir(sounds).filePath(QStringLiteral("beep-full.mp3"))).isFile())
+        qWarning("Sounds: no sounds in \"%s\"; the string sounds and the beep stay silent",
+                 qUtf8Printable(QDir::toNativeSeparators(sounds)));
+    ports->resourcePath = sounds.toStdString();
     return ports;
 }
 

@@ -47,7 +47,7 @@ public:
         DeviceClass device;
         QString language;     // empty: follow the system locale
         QString settingsPath; // empty: the standard location
-        QString resourcePath; // empty: next to the program
+        QString resourcePath; // empty: ../share/ukulele-tuner/sounds from the program, else sounds/ beside it
         QString stateOut;     // file rewritten with the tuner's outlets as they change
         bool quietLog = false;
     };

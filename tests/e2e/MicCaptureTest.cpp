@@ -134,6 +134,7 @@ TEST(AppWithoutSoundServer, RunsAndSaysThereIsNoMicrophoneAndNoSpeaker) {
         o.device = *DeviceClass::parse("phone-844");
         o.settingsPath = home.filePath("settings.ini");
         o.language = "en";
+        o.resourcePath = QStringLiteral(UKE_SOURCE_DIR "/resources/sounds");
         AppHost host(o);
         ASSERT_TRUE(host.start());
         EXPECT_FALSE(host.hearing());

@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# Checks the Debian package in dist/ as a player's machine would see it: the desktop
+# entry and AppStream data validate, the package installs with apt, the installed
+# programs work from /usr/bin in an empty folder, and removing it leaves nothing.
+# Needs root (or sudo): it really installs and removes the package.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+SUDO=""
+if [ "$(id -u)" -ne 0 ]; then
+  SUDO="sudo"
+fi
+ID=org.morvanelabs.UkuleleTuner
+debs=(dist/ukulele-tuner_*.deb)
+if [ ${#debs[@]} -ne 1 ] || [ ! -f "${debs[0]}" ]; then
+  echo "check-package: expected exactly one dist/ukulele-tuner_*.deb (run scripts/package.sh)" >&2
+  exit 1
+fi
+deb=$PWD/${debs[0]}
+fail() { echo "check-package: $*" >&2; exit 1; }
+
+desktop-file-validate "desktop/$ID.desktop"
+appstreamcli validate --no-net "desktop/$ID.metainfo.xml"
+
+DEBIAN_FRONTEND=noninteractive $SUDO apt-get -o DPkg::Lock::Timeout=600 install -y -q --no-install-recommends "$deb" >/dev/null
+files=$(dpkg -L ukulele-tuner)
+
+# The installed copies validate too, and the menu entry starts a program on the PATH.
+desktop-file-validate "/usr/share/applications/$ID.desktop"
+appstreamcli validate --no-net "/usr/share/metainfo/$ID.metainfo.xml" >/dev/null
+exec_line=$(sed -n 's/^Exec=//p' "/usr/share/applications/$ID.desktop")
+[ "$(command -v "${exec_line%% *}")" = /usr/bin/ukulele-tuner ] || fail "the menu entry runs '$exec_line', not /usr/bin/ukulele-tuner"
+[ -f "/usr/share/icons/hicolor/scalable/apps/$ID.svg" ] || fail "no scalable icon"
+for page in uke ukulele-tuner; do
+  man -w "$page" >/dev/null || fail "no man page for $page"
+  warnings=$(zcat "$(man -w "$page")" | LC_ALL=C.UTF-8 groff -man -Tutf8 -ww -z 2>&1)
+  [ -z "$warnings" ] || fail "the man page of $page: $warnings"
+done
+
+# From an empty folder, with a home of its own: nothing of the build tree is reachable.
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+export HOME=$work
+/usr/bin/uke --version | grep -qx "uke [0-9.]*" || fail "uke --version"
+/usr/bin/ukulele-tuner --version | grep -qx "ukulele-tuner [0-9.]*" || fail "ukulele-tuner --version"
+/usr/bin/uke analyse /usr/share/ukulele-tuner/sounds/A4.mp3 --tuning 1 --format json > a4.json
+grep -q '"A4"' a4.json || fail "uke analyse of the installed A4 recording did not show A4"
+# Started as the menu entry starts it.
+$exec_line --quiet --screenshot shot.png 2>app.log
+[ "$(identify -format '%w' shot.png)" -gt 0 ] || fail "the screenshot is empty"
+# A tuner screen is mostly its dark background; a blank or failed render is one colour.
+[ "$(convert shot.png -format '%k' info:)" -gt 100 ] || fail "the screenshot has almost no colours"
+! grep "no sounds in" app.log || fail "the installed app does not find its sounds"
+# Moved elsewhere with its share folder, a copy still finds its sounds.
+mkdir -p opt/bin opt/share
+cp /usr/bin/ukulele-tuner opt/bin/
+cp -r /usr/share/ukulele-tuner opt/share/
+opt/bin/ukulele-tuner --quiet --screenshot moved.png 2>moved.log
+! grep "no sounds in" moved.log || fail "a relocated copy does not find its sounds"
+cd /
+DEBIAN_FRONTEND=noninteractive $SUDO apt-get -o DPkg::Lock::Timeout=600 remove -y -q ukulele-tuner >/dev/null
+left=$(while read -r f; do [ -f "$f" ] && echo "$f"; done <<<"$files" || true)
+[ -z "$left" ] || fail "removing the package left: $left"
+echo "check-package: $(basename "$deb") validates, installs, runs from /usr/bin and removes cleanly"
