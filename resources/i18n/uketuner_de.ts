@@ -243,6 +243,54 @@
         <source>No microphone found</source>
         <translation>Kein Mikrofon gefunden</translation>
     </message>
+    <message>
+        <source>Previous tuning</source>
+        <translation>Vorherige Stimmung</translation>
+    </message>
+    <message>
+        <source>Next tuning</source>
+        <translation>Nächste Stimmung</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Tuning fork</source>
+        <translation>Stimmgabel</translation>
+    </message>
+    <message>
+        <source>Chord library</source>
+        <translation>Akkordbibliothek</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Tuning: %1</source>
+        <translation>Stimmung: %1</translation>
+    </message>
+    <message>
+        <source>No note</source>
+        <translation>Kein Ton</translation>
+    </message>
+    <message>
+        <source>Note: %1</source>
+        <translation>Ton: %1</translation>
+    </message>
+    <message>
+        <source>In tune</source>
+        <translation>Gestimmt</translation>
+    </message>
+    <message>
+        <source>Not in tune</source>
+        <translation>Nicht gestimmt</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>%1 spielen</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>
@@ -253,6 +301,14 @@
     <message>
         <source>Note names</source>
         <translation>Notennamen</translation>
+    </message>
+    <message>
+        <source>Calibration down</source>
+        <translation>Kalibrierung senken</translation>
+    </message>
+    <message>
+        <source>Calibration up</source>
+        <translation>Kalibrierung erhöhen</translation>
     </message>
 </context>
 <context>
@@ -287,6 +343,29 @@
     <message>
         <source>Stop</source>
         <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>%1 spielen</translation>
+    </message>
+</context>
+<context>
+    <name>ChordsScreen</name>
+    <message>
+        <source>Back to the tuner</source>
+        <translation>Zurück zum Stimmgerät</translation>
+    </message>
+    <message>
+        <source>Root</source>
+        <translation>Grundton</translation>
+    </message>
+    <message>
+        <source>Chord type</source>
+        <translation>Akkordtyp</translation>
+    </message>
+    <message>
+        <source>Sharps or flats</source>
+        <translation>Kreuz oder Be</translation>
     </message>
 </context>
 </TS>

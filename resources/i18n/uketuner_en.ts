@@ -243,6 +243,54 @@
         <source>No microphone found</source>
         <translation>No microphone found</translation>
     </message>
+    <message>
+        <source>Previous tuning</source>
+        <translation>Previous tuning</translation>
+    </message>
+    <message>
+        <source>Next tuning</source>
+        <translation>Next tuning</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>Tuning fork</source>
+        <translation>Tuning fork</translation>
+    </message>
+    <message>
+        <source>Chord library</source>
+        <translation>Chord library</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>About</translation>
+    </message>
+    <message>
+        <source>Tuning: %1</source>
+        <translation>Tuning: %1</translation>
+    </message>
+    <message>
+        <source>No note</source>
+        <translation>No note</translation>
+    </message>
+    <message>
+        <source>Note: %1</source>
+        <translation>Note: %1</translation>
+    </message>
+    <message>
+        <source>In tune</source>
+        <translation>In tune</translation>
+    </message>
+    <message>
+        <source>Not in tune</source>
+        <translation>Not in tune</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Play %1</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>
@@ -253,6 +301,14 @@
     <message>
         <source>Note names</source>
         <translation>Note names</translation>
+    </message>
+    <message>
+        <source>Calibration down</source>
+        <translation>Calibration down</translation>
+    </message>
+    <message>
+        <source>Calibration up</source>
+        <translation>Calibration up</translation>
     </message>
 </context>
 <context>
@@ -287,6 +343,29 @@
     <message>
         <source>Stop</source>
         <translation>Stop</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Play %1</translation>
+    </message>
+</context>
+<context>
+    <name>ChordsScreen</name>
+    <message>
+        <source>Back to the tuner</source>
+        <translation>Back to the tuner</translation>
+    </message>
+    <message>
+        <source>Root</source>
+        <translation>Root</translation>
+    </message>
+    <message>
+        <source>Chord type</source>
+        <translation>Chord type</translation>
+    </message>
+    <message>
+        <source>Sharps or flats</source>
+        <translation>Sharps or flats</translation>
     </message>
 </context>
 </TS>

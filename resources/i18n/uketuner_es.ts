@@ -243,6 +243,54 @@
         <source>No microphone found</source>
         <translation>No se encuentra el micrófono</translation>
     </message>
+    <message>
+        <source>Previous tuning</source>
+        <translation>Afinación anterior</translation>
+    </message>
+    <message>
+        <source>Next tuning</source>
+        <translation>Afinación siguiente</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message>
+        <source>Tuning fork</source>
+        <translation>Diapasón</translation>
+    </message>
+    <message>
+        <source>Chord library</source>
+        <translation>Biblioteca de acordes</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Acerca de</translation>
+    </message>
+    <message>
+        <source>Tuning: %1</source>
+        <translation>Afinación: %1</translation>
+    </message>
+    <message>
+        <source>No note</source>
+        <translation>Ninguna nota</translation>
+    </message>
+    <message>
+        <source>Note: %1</source>
+        <translation>Nota: %1</translation>
+    </message>
+    <message>
+        <source>In tune</source>
+        <translation>Afinado</translation>
+    </message>
+    <message>
+        <source>Not in tune</source>
+        <translation>Desafinado</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Tocar %1</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>
@@ -253,6 +301,14 @@
     <message>
         <source>Note names</source>
         <translation>Nombres de las notas</translation>
+    </message>
+    <message>
+        <source>Calibration down</source>
+        <translation>Bajar calibración</translation>
+    </message>
+    <message>
+        <source>Calibration up</source>
+        <translation>Subir calibración</translation>
     </message>
 </context>
 <context>
@@ -287,6 +343,29 @@
     <message>
         <source>Stop</source>
         <translation>Detener</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Tocar %1</translation>
+    </message>
+</context>
+<context>
+    <name>ChordsScreen</name>
+    <message>
+        <source>Back to the tuner</source>
+        <translation>Volver al afinador</translation>
+    </message>
+    <message>
+        <source>Root</source>
+        <translation>Tónica</translation>
+    </message>
+    <message>
+        <source>Chord type</source>
+        <translation>Tipo de acorde</translation>
+    </message>
+    <message>
+        <source>Sharps or flats</source>
+        <translation>Sostenidos o bemoles</translation>
     </message>
 </context>
 </TS>

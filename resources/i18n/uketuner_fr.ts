@@ -243,6 +243,54 @@
         <source>No microphone found</source>
         <translation>Aucun micro trouvé</translation>
     </message>
+    <message>
+        <source>Previous tuning</source>
+        <translation>Accordage précédent</translation>
+    </message>
+    <message>
+        <source>Next tuning</source>
+        <translation>Accordage suivant</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>Tuning fork</source>
+        <translation>Diapason</translation>
+    </message>
+    <message>
+        <source>Chord library</source>
+        <translation>Bibliothèque d'accords</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>À propos</translation>
+    </message>
+    <message>
+        <source>Tuning: %1</source>
+        <translation>Accordage : %1</translation>
+    </message>
+    <message>
+        <source>No note</source>
+        <translation>Aucune note</translation>
+    </message>
+    <message>
+        <source>Note: %1</source>
+        <translation>Note : %1</translation>
+    </message>
+    <message>
+        <source>In tune</source>
+        <translation>Accordé</translation>
+    </message>
+    <message>
+        <source>Not in tune</source>
+        <translation>Pas accordé</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Jouer %1</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>
@@ -253,6 +301,14 @@
     <message>
         <source>Note names</source>
         <translation>Noms des notes</translation>
+    </message>
+    <message>
+        <source>Calibration down</source>
+        <translation>Baisser l'étalonnage</translation>
+    </message>
+    <message>
+        <source>Calibration up</source>
+        <translation>Monter l'étalonnage</translation>
     </message>
 </context>
 <context>
@@ -287,6 +343,29 @@
     <message>
         <source>Stop</source>
         <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Jouer %1</translation>
+    </message>
+</context>
+<context>
+    <name>ChordsScreen</name>
+    <message>
+        <source>Back to the tuner</source>
+        <translation>Retour à l'accordeur</translation>
+    </message>
+    <message>
+        <source>Root</source>
+        <translation>Fondamentale</translation>
+    </message>
+    <message>
+        <source>Chord type</source>
+        <translation>Type d'accord</translation>
+    </message>
+    <message>
+        <source>Sharps or flats</source>
+        <translation>Dièses ou bémols</translation>
     </message>
 </context>
 </TS>

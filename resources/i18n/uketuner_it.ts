@@ -243,6 +243,54 @@
         <source>No microphone found</source>
         <translation>Nessun microfono trovato</translation>
     </message>
+    <message>
+        <source>Previous tuning</source>
+        <translation>Accordatura precedente</translation>
+    </message>
+    <message>
+        <source>Next tuning</source>
+        <translation>Accordatura successiva</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Impostazioni</translation>
+    </message>
+    <message>
+        <source>Tuning fork</source>
+        <translation>Diapason</translation>
+    </message>
+    <message>
+        <source>Chord library</source>
+        <translation>Libreria di accordi</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Informazioni</translation>
+    </message>
+    <message>
+        <source>Tuning: %1</source>
+        <translation>Accordatura: %1</translation>
+    </message>
+    <message>
+        <source>No note</source>
+        <translation>Nessuna nota</translation>
+    </message>
+    <message>
+        <source>Note: %1</source>
+        <translation>Nota: %1</translation>
+    </message>
+    <message>
+        <source>In tune</source>
+        <translation>Intonato</translation>
+    </message>
+    <message>
+        <source>Not in tune</source>
+        <translation>Non intonato</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Suona %1</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>
@@ -253,6 +301,14 @@
     <message>
         <source>Note names</source>
         <translation>Nomi delle note</translation>
+    </message>
+    <message>
+        <source>Calibration down</source>
+        <translation>Abbassa la calibrazione</translation>
+    </message>
+    <message>
+        <source>Calibration up</source>
+        <translation>Alza la calibrazione</translation>
     </message>
 </context>
 <context>
@@ -287,6 +343,29 @@
     <message>
         <source>Stop</source>
         <translation>Ferma</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Suona %1</translation>
+    </message>
+</context>
+<context>
+    <name>ChordsScreen</name>
+    <message>
+        <source>Back to the tuner</source>
+        <translation>Torna all'accordatore</translation>
+    </message>
+    <message>
+        <source>Root</source>
+        <translation>Tonica</translation>
+    </message>
+    <message>
+        <source>Chord type</source>
+        <translation>Tipo di accordo</translation>
+    </message>
+    <message>
+        <source>Sharps or flats</source>
+        <translation>Diesis o bemolle</translation>
     </message>
 </context>
 </TS>

@@ -243,6 +243,54 @@
         <source>No microphone found</source>
         <translation>Микрофон не найден</translation>
     </message>
+    <message>
+        <source>Previous tuning</source>
+        <translation>Предыдущий строй</translation>
+    </message>
+    <message>
+        <source>Next tuning</source>
+        <translation>Следующий строй</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Настройки</translation>
+    </message>
+    <message>
+        <source>Tuning fork</source>
+        <translation>Камертон</translation>
+    </message>
+    <message>
+        <source>Chord library</source>
+        <translation>Библиотека аккордов</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>О программе</translation>
+    </message>
+    <message>
+        <source>Tuning: %1</source>
+        <translation>Строй: %1</translation>
+    </message>
+    <message>
+        <source>No note</source>
+        <translation>Нет ноты</translation>
+    </message>
+    <message>
+        <source>Note: %1</source>
+        <translation>Нота: %1</translation>
+    </message>
+    <message>
+        <source>In tune</source>
+        <translation>Настроено</translation>
+    </message>
+    <message>
+        <source>Not in tune</source>
+        <translation>Не настроено</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Сыграть %1</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>
@@ -253,6 +301,14 @@
     <message>
         <source>Note names</source>
         <translation>Названия нот</translation>
+    </message>
+    <message>
+        <source>Calibration down</source>
+        <translation>Понизить калибровку</translation>
+    </message>
+    <message>
+        <source>Calibration up</source>
+        <translation>Повысить калибровку</translation>
     </message>
 </context>
 <context>
@@ -287,6 +343,29 @@
     <message>
         <source>Stop</source>
         <translation>Стоп</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Сыграть %1</translation>
+    </message>
+</context>
+<context>
+    <name>ChordsScreen</name>
+    <message>
+        <source>Back to the tuner</source>
+        <translation>Назад к тюнеру</translation>
+    </message>
+    <message>
+        <source>Root</source>
+        <translation>Тоника</translation>
+    </message>
+    <message>
+        <source>Chord type</source>
+        <translation>Тип аккорда</translation>
+    </message>
+    <message>
+        <source>Sharps or flats</source>
+        <translation>Диезы или бемоли</translation>
     </message>
 </context>
 </TS>

@@ -5,6 +5,7 @@
 #include "platform/AudioCapture.h"
 #include "platform/AudioOutput.h"
 #include "platform/DeviceInfo.h"
+#include "platform/IdleTimer.h"
 #include "platform/Log.h"
 #include "platform/NetworkProbe.h"
 #include "platform/RunLoop.h"
@@ -31,6 +32,7 @@ struct Services {
     NetworkProbe& network;
     StoreReview& storeReview;
     AlertPresenter& alerts;
+    IdleTimer& idleTimer;
     // Folder that holds the sound files ("beep-full.mp3", "A4.mp3", ...).
     std::string resourcePath;
 };

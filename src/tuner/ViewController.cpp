@@ -24,6 +24,7 @@ void ViewController::viewDidLoad() {
         s_.log.log(format("ChosenTuning al arrancar es: %ld", static_cast<long>(state_.chosenTuning)));
         return;
     }
+    s_.idleTimer.setIdleTimerDisabled(true);
     tick_.start();
     displayTunings();
     const std::string version = s_.device.systemVersion();

@@ -68,6 +68,7 @@ std::unique_ptr<AppPorts> AppHost::qtPorts(const Options& options) {
     ports->urls = makeQtUrlOpener();
     ports->network = makeQtNetworkProbe();
     ports->storeReview = makeQtStoreReview();
+    ports->idleTimer = std::make_unique<ScreenSaverInhibitor>();
     const QString sounds = options.resourcePath.isEmpty() ? defaultResourcePath() : options.resourcePath;
     // Said once here, rather than by every silent button press later.
     if (!QFileInfo(QDir(sounds).filePath(QStringLiteral("beep-full.mp3"))).isFile())
@@ -116,6 +117,7 @@ bool AppHost::buildWindow(const std::string& storyboard) {
         ports_->log.log("The tuner screen could not be loaded");
         return false;
     }
+    ports_->idleTimer->watch(window());
     return true;
 }
 

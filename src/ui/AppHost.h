@@ -41,6 +41,9 @@ class AppHost : public QObject {
     Q_PROPERTY(QString idleReadout READ idleReadout NOTIFY hearingChanged)
     // Whether the lamp says the last reading was in tune.
     Q_PROPERTY(bool inTune READ inTune NOTIFY inTuneChanged)
+    // The window's pixels per layout point, kept by the window. Pictures are drawn at
+    // it (and Qt adds the screen's pixel ratio), so they stay sharp at any size.
+    Q_PROPERTY(qreal pixelScale READ pixelScale WRITE setPixelScale NOTIFY pixelScaleChanged)
 
 public:
     struct Options {
@@ -79,6 +82,13 @@ public:
     bool hearing() const { return hearing_; }
     QString idleReadout() const;
     bool inTune() const { return inTune_; }
+    qreal pixelScale() const { return pixelScale_; }
+    void setPixelScale(qreal scale) {
+        if (scale > 0 && scale != pixelScale_) {
+            pixelScale_ = scale;
+            emit pixelScaleChanged();
+        }
+    }
 
     TunerApp& app() { return *app_; }
     ViewController& tunerController() { return app_->tuner(); }
@@ -97,6 +107,7 @@ signals:
     void chordsOpenChanged();
     void hearingChanged();
     void inTuneChanged();
+    void pixelScaleChanged();
 
 private:
     bool buildWindow(const std::string& storyboard);
@@ -117,6 +128,7 @@ private:
     QByteArray lastState_;
     bool hearing_ = true;
     bool inTune_ = false;
+    qreal pixelScale_ = 1.0;
 };
 
 } // namespace uke

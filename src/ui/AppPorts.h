@@ -6,6 +6,7 @@
 #include "platform/Services.h"
 #include "platform/qt/QtPorts.h"
 #include "platform/qt/QtRunLoop.h"
+#include "platform/qt/ScreenSaverInhibitor.h"
 
 namespace uke {
 
@@ -25,12 +26,13 @@ struct AppPorts {
     std::unique_ptr<NetworkProbe> network;
     std::unique_ptr<StoreReview> storeReview;
     QmlAlertPresenter alerts;
+    std::unique_ptr<ScreenSaverInhibitor> idleTimer;
     // Folder of the sound files.
     std::string resourcePath;
 
     Services services() {
-        return Services{runLoop, *settings, *strings, log,          *device, *capture,    *output,
-                        *sounds, *urls,     *network, *storeReview, alerts,  resourcePath};
+        return Services{runLoop, *settings, *strings,     log,    *device,    *capture,    *output,
+                        *sounds, *urls,     *network,     *storeReview, alerts, *idleTimer, resourcePath};
     }
 };
 

@@ -143,7 +143,7 @@ TEST(CountingOnWorkers, EventsArriveOnTheMainThreadInCallOrder) {
     ThreadedRunLoop loop;
     Services s = platform.services();
     Services threaded{loop,     s.settings, s.strings, s.log,         s.device, s.capture,     s.output,
-                      s.sounds, s.urls,     s.network, s.storeReview, s.alerts, s.resourcePath};
+                      s.sounds, s.urls,     s.network, s.storeReview, s.alerts, s.idleTimer, s.resourcePath};
     auto rating = std::make_unique<RatingPrompt>(threaded);
     struct OnMain : RatingPromptDelegate {
         const std::thread::id expected = std::this_thread::get_id();

@@ -62,7 +62,7 @@ struct RunningApp {
 
     // `seed` writes what an earlier run left in the store; an empty `resourcePath`
     // means the sounds next to the program. The views are tested on a virtual
-    // microphone and speaker, so that the machine's own devices decide no result;
+    // microphone, speaker and sound-file player, so that the machine's own devices decide no result;
     // the end-to-end tests ask for the real ones.
     explicit RunningApp(const char* device = "phone-844", const char* language = "en", const Seed& seed = {},
                         const QString& resourcePath = {}, Audio audio = Audio::Virtual) {
@@ -77,6 +77,9 @@ struct RunningApp {
             capture = fake.get();
             ports->capture = std::move(fake);
             ports->output = std::make_unique<RecordingAudioOutput>();
+            auto recorder = std::make_unique<RecordingSoundPlayerFactory>();
+            sounds = recorder.get();
+            ports->sounds = std::move(recorder);
         }
         host = std::make_unique<AppHost>(o, std::move(ports));
         // Taps need the views laid out, which happens once the window is on screen.
@@ -136,6 +139,7 @@ struct RunningApp {
 
     QTemporaryDir dir;
     FakeAudioCapture* capture = nullptr; // the virtual microphone, owned by the host
+    RecordingSoundPlayerFactory* sounds = nullptr; // the virtual sound files' player, likewise
     std::unique_ptr<AppHost> host;
     bool started = false;
 };

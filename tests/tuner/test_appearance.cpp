@@ -62,6 +62,8 @@ TEST_F(Appearance, OddStoredSwitchValuesAreIgnored) {
 TEST_F(Appearance, LoadStartsListeningOnceAndHidesTheForkBeforeSystemSix) {
     launch();
     EXPECT_EQ(listener.listenCount, demoModeEnabled ? 0 : 1);
+    // The screen stays lit while it listens; the frozen picture leaves the device alone.
+    EXPECT_EQ(platform.idleTimer.disabled, !demoModeEnabled);
     EXPECT_FALSE(screen.tuningForkButton.hidden);
 
     rebuild();

@@ -59,7 +59,7 @@ int cmdListen(const Words& words, [[maybe_unused]] std::ostream& out, std::ostre
     auto capture = makeQtAudioCapture();
     Services services{loop,       virt.memoryStore, stringsForLanguage("en"), log,           virt.device,
                       *capture,   virt.output,      virt.sounds,              virt.urls,     virt.network,
-                      virt.storeReview, virt.alerts, "sounds"};
+                      virt.storeReview, virt.alerts, virt.idleTimer, "sounds"};
     const MicListener::Attachment attached(*capture, log);
     MicListener* listener = MicListener::sharedListener();
     TunerSession session(services, *listener, options, out);

@@ -10,6 +10,7 @@
 #include "platform/AudioCapture.h"
 #include "platform/AudioOutput.h"
 #include "platform/DeviceInfo.h"
+#include "platform/IdleTimer.h"
 #include "platform/Log.h"
 #include "platform/NetworkProbe.h"
 #include "platform/SoundPlayer.h"
@@ -105,6 +106,12 @@ public:
     std::vector<std::string> made;    // every path a player was made for
     std::vector<std::string> played;  // every path whose player was played
     std::vector<std::string> missing;
+};
+
+class FakeIdleTimer : public IdleTimer {
+public:
+    void setIdleTimerDisabled(bool d) override { disabled = d; }
+    bool disabled = false;
 };
 
 class RecordingUrlOpener : public UrlOpener {

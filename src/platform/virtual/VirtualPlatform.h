@@ -23,11 +23,12 @@ struct VirtualPlatform {
     FakeNetworkProbe network;
     FakeStoreReview storeReview;
     RecordingAlertPresenter alerts;
+    FakeIdleTimer idleTimer;
     std::string resourcePath = "/res";
 
     Services services() {
-        return Services{runLoop, *store, strings, log,         device, capture, output,
-                        sounds,  urls,   network, storeReview, alerts, resourcePath};
+        return Services{runLoop, *store, strings, log,         device, capture,   output,
+                        sounds,  urls,   network, storeReview, alerts, idleTimer, resourcePath};
     }
 };
 

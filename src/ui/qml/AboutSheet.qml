@@ -18,6 +18,9 @@ Sheet {
         property string text
         property bool primary: false
         signal clicked()
+        Accessible.role: Accessible.Button
+        Accessible.name: text
+        Accessible.onPressAction: clicked()
         width: parent ? parent.width : 0
         height: Math.max(46 * sheet.u, sheet.fontSize * 2.8)
         radius: height / 2
@@ -47,7 +50,7 @@ Sheet {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 64 * sheet.u; height: width
             source: "image://art/tuning_fork.png"
-            sourceSize: Qt.size(Math.round(width), Math.round(height))
+            sourceSize: Qt.size(Math.round(width * App.pixelScale), Math.round(height * App.pixelScale))
             fillMode: Image.PreserveAspectFit
         }
         Text {

@@ -19,12 +19,14 @@ Item {
         opacity: alert.model.visible ? 0.55 : 0
         Behavior on opacity { NumberAnimation { id: fade; duration: 150 } }
         // A modal alert: taps around it do nothing, and nothing reaches the screen below.
-        MouseArea { anchors.fill: parent; hoverEnabled: true }
+        MouseArea { objectName: "blocker"; anchors.fill: parent; hoverEnabled: true }
     }
 
     Rectangle {
         id: card
         objectName: "alertCard"
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: alert.model.title
         width: Math.min(alert.width - 48 * alert.u, 300 * alert.u)
         height: content.height
         anchors.centerIn: parent
@@ -68,6 +70,9 @@ Item {
                 model: alert.model.buttons
                 delegate: Item {
                     objectName: "alertButton" + index
+                    Accessible.role: Accessible.Button
+                    Accessible.name: modelData
+                    Accessible.onPressAction: alert.model.press(index)
                     property string title: modelData
                     width: content.width
                     height: 48 * alert.u

@@ -28,7 +28,7 @@ Rectangle {
     }
 
     // Swallows touches so that nothing reaches the tuner screen underneath.
-    MouseArea { anchors.fill: parent }
+    MouseArea { objectName: "blocker"; anchors.fill: parent }
 
     component OutletLabel: Text {
         property var outlet
@@ -50,11 +50,20 @@ Rectangle {
         visibleItemCount: 5
         wrap: false
         clip: true
+        Accessible.role: Accessible.List
 
         function report() {
             if (!outlet || count === 0 || currentIndex < 0 || currentIndex === outlet.selectedRow)
                 return
             App.chords.didSelectRow(outlet.tag, currentIndex)
+        }
+        // One row up or down, as a flick that settles on the next row would.
+        function step(rows) {
+            const row = Math.max(0, Math.min(count - 1, currentIndex + rows))
+            if (row === currentIndex)
+                return
+            currentIndex = row
+            report()
         }
         onModelRowChanged: if (currentIndex !== modelRow) currentIndex = modelRow
         onCountChanged: if (currentIndex !== modelRow) currentIndex = modelRow
@@ -65,6 +74,12 @@ Rectangle {
             required property var modelData
             required property int index
             text: modelData
+            Accessible.role: Accessible.ListItem
+            Accessible.name: modelData
+            Accessible.onPressAction: {
+                wheel.currentIndex = index
+                wheel.report()
+            }
             color: index === wheel.currentIndex ? Theme.text : Theme.muted
             font.pixelSize: Math.min(App.layout.titleFont * 1.15, wheel.rowHeight * 0.52)
             font.bold: index === wheel.currentIndex
@@ -90,6 +105,7 @@ Rectangle {
         height: titleBlock
         IconButton {
             objectName: "chordsBack"
+            name: qsTr("Back to the tuner")
             anchors.left: parent.left
             anchors.leftMargin: lay.margin / 2
             anchors.verticalCenter: parent.verticalCenter
@@ -134,6 +150,8 @@ Rectangle {
             height: parent.height
             verticalAlignment: Text.AlignVCenter
             outlet: o.chordDisplay
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
             color: Theme.accent
             font.pixelSize: lay.noteFont
             font.bold: true
@@ -147,6 +165,9 @@ Rectangle {
             readonly property string icon: outlet ? outlet.image : ""
             signal clicked()
             onClicked: App.chords.toggleSharpOfFlat()
+            Accessible.role: Accessible.Button
+            Accessible.name: qsTr("Sharps or flats")
+            Accessible.onPressAction: clicked()
             anchors.verticalCenter: parent.verticalCenter
             x: Math.min(parent.width - width - lay.margin / 2,
                         chordName.x + (chordName.width + chordName.contentWidth) / 2 + lay.margin)
@@ -160,7 +181,7 @@ Rectangle {
                 anchors.centerIn: parent
                 width: parent.width * 0.62; height: width
                 source: spellingSwitch.outlet ? spellingSwitch.outlet.source : ""
-                sourceSize: Qt.size(Math.round(width), Math.round(height))
+                sourceSize: Qt.size(Math.round(width * App.pixelScale), Math.round(height * App.pixelScale))
                 fillMode: Image.PreserveAspectFit
             }
             MouseArea {
@@ -262,15 +283,68 @@ Rectangle {
             anchors.leftMargin: lay.margin / 2
             anchors.rightMargin: lay.margin / 2
             PickerWheel {
+                id: rootWheel
                 objectName: "selectRootChord"
                 outlet: o.selectRootChord
                 width: parent.width / 2; height: parent.height
+                Accessible.name: qsTr("Root")
             }
             PickerWheel {
+                id: variantWheel
                 objectName: "selectVariant"
                 outlet: o.selectVariant
                 width: parent.width / 2; height: parent.height
+                Accessible.name: qsTr("Chord type")
             }
+        }
+        // The wheel the arrow keys turn, marked once the keyboard is used.
+        Rectangle {
+            objectName: "keyWheelMark"
+            visible: screen.keyboardUsed
+            x: pickers.width / 2 * screen.keyWheel + 4 * u
+            y: 4 * u
+            width: pickers.width / 2 - 8 * u; height: pickers.height - 8 * u
+            radius: 10 * u
+            color: "transparent"
+            border.color: Theme.accent
+            border.width: 2 * u
+        }
+    }
+
+    // Left and right pick a wheel, up and down turn it.
+    property int keyWheel: 0
+    property bool keyboardUsed: false
+    readonly property bool inFront: !App.alert.visible
+    Shortcut {
+        sequence: "Left"
+        enabled: screen.inFront
+        onActivated: {
+            screen.keyWheel = 0
+            screen.keyboardUsed = true
+        }
+    }
+    Shortcut {
+        sequence: "Right"
+        enabled: screen.inFront
+        onActivated: {
+            screen.keyWheel = 1
+            screen.keyboardUsed = true
+        }
+    }
+    Shortcut {
+        sequence: "Up"
+        enabled: screen.inFront
+        onActivated: {
+            (screen.keyWheel === 0 ? rootWheel : variantWheel).step(-1)
+            screen.keyboardUsed = true
+        }
+    }
+    Shortcut {
+        sequence: "Down"
+        enabled: screen.inFront
+        onActivated: {
+            (screen.keyWheel === 0 ? rootWheel : variantWheel).step(1)
+            screen.keyboardUsed = true
         }
     }
 }

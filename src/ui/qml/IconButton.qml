@@ -1,4 +1,5 @@
 import QtQuick
+import UkuleleTuner
 import "Theme.js" as Theme
 
 // A round, image-or-text button of the toolbar and title row.
@@ -7,7 +8,12 @@ Item {
     property string icon: ""
     property string text: ""
     property real fontSize: 14
+    // What a screen reader says for it.
+    property string name: text
     signal clicked()
+    Accessible.role: Accessible.Button
+    Accessible.name: name
+    Accessible.onPressAction: if (enabled) root.clicked()
     width: 44; height: 44
     opacity: enabled ? 1.0 : 0.4
 
@@ -20,7 +26,7 @@ Item {
         anchors.centerIn: parent
         width: parent.width * 0.72; height: parent.height * 0.72
         source: root.icon === "" ? "" : "image://art/" + root.icon
-        sourceSize: Qt.size(Math.round(width), Math.round(height))
+        sourceSize: Qt.size(Math.round(width * App.pixelScale), Math.round(height * App.pixelScale))
         fillMode: Image.PreserveAspectFit
         visible: root.icon !== ""
     }

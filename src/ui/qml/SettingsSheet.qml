@@ -60,6 +60,7 @@ Sheet {
         Switch {
             id: toggle
             objectName: row.objectName + "Control"
+            Accessible.name: row.caption.text
             anchors.right: parent.right; anchors.rightMargin: 10 * sheet.u
             anchors.verticalCenter: parent.verticalCenter
             checked: row.outlet.on
@@ -129,6 +130,7 @@ Sheet {
                 Slider {
                     id: slider
                     objectName: "micSensitivitySlider"
+                    Accessible.name: o.micSensitivityLabel.text
                     anchors.left: quiet.right; anchors.leftMargin: 8 * sheet.u
                     anchors.right: loud.left; anchors.rightMargin: 8 * sheet.u
                     anchors.verticalCenter: parent.verticalCenter
@@ -255,6 +257,9 @@ Sheet {
                                 { sign: "+", direction: 1, name: "stepperPlus" }]
                         Item {
                             objectName: modelData.name
+                            Accessible.role: Accessible.Button
+                            Accessible.name: modelData.direction < 0 ? qsTr("Calibration down") : qsTr("Calibration up")
+                            Accessible.onPressAction: stepper.step(modelData.direction)
                             property bool atEnd: modelData.direction < 0
                                 ? stepper.outlet.value - stepper.outlet.stepValue < stepper.outlet.minimum
                                 : stepper.outlet.value + stepper.outlet.stepValue > stepper.outlet.maximum
@@ -355,6 +360,8 @@ Sheet {
                 Tumbler {
                     id: wheel
                     objectName: "establecerIdioma"
+                    Accessible.name: qsTr("Note names")
+                    Accessible.role: Accessible.List
                     anchors.centerIn: parent
                     width: parent.width / scale
                     height: lay.pickerHeight || 180
@@ -378,6 +385,9 @@ Sheet {
                     delegate: Text {
                         objectName: "languageRow" + index
                         text: modelData
+                        Accessible.role: Accessible.ListItem
+                        Accessible.name: modelData
+                        Accessible.onPressAction: wheel.choose(index)
                         width: wheel.width - 24 * sheet.u
                         elide: Text.ElideRight
                         horizontalAlignment: Text.AlignHCenter

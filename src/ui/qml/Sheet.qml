@@ -25,7 +25,8 @@ Item {
         anchors.fill: parent
         color: "#000000"
         opacity: 0.55 * sheet.progress
-        MouseArea { anchors.fill: parent; onClicked: sheet.close() }
+        // Tapping beside the card closes it, as Done and Escape do.
+        MouseArea { objectName: "blocker"; anchors.fill: parent; onClicked: sheet.close() }
     }
     Rectangle {
         id: card
@@ -42,7 +43,9 @@ Item {
         color: Theme.panel
         border.color: Theme.panelBorder
         clip: true
-        MouseArea { anchors.fill: parent }  // keeps taps on the card from closing it
+        Accessible.role: Accessible.Dialog
+        Accessible.name: sheet.title
+        MouseArea { objectName: "blocker"; anchors.fill: parent }  // keeps taps on the card from closing it
 
         // On a phone the card runs off the bottom edge: square off its lower corners.
         Rectangle {
@@ -71,6 +74,9 @@ Item {
             }
             Text {
                 objectName: "sheetDone"
+                Accessible.role: Accessible.Button
+                Accessible.name: text
+                Accessible.onPressAction: sheet.close()
                 anchors.right: parent.right; anchors.rightMargin: 16 * sheet.unit
                 anchors.verticalCenter: parent.verticalCenter
                 text: qsTr("Done")

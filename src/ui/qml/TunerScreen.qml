@@ -14,7 +14,11 @@ Item {
     signal openTuningFork()
     signal openChords()
 
+    readonly property var stringLabels: [o.firstString, o.secondString, o.thirdString, o.fourthString]
+    // String n's recording, when its label (the button that plays it) shows.
     function playString(n) {
+        if (stringLabels[n - 1].hidden)
+            return
         switch (n) {
         case 1: App.tuner.play1stStringSound(); break
         case 2: App.tuner.play2ndStringSound(); break
@@ -38,6 +42,7 @@ Item {
         width: parent.width; height: lay.titleHeight
         IconButton {
             objectName: "showPreviousTuningButton"
+            name: qsTr("Previous tuning")
             anchors.left: parent.left; anchors.leftMargin: lay.margin / 2
             anchors.verticalCenter: parent.verticalCenter
             width: lay.titleHeight; height: lay.titleHeight
@@ -52,12 +57,15 @@ Item {
             horizontalAlignment: Text.AlignHCenter
             elide: Text.ElideRight
             text: o.currentTuningName.text
+            Accessible.role: Accessible.StaticText
+            Accessible.name: qsTr("Tuning: %1").arg(text)
             color: Theme.text
             font.pixelSize: lay.titleFont
             font.bold: true
         }
         IconButton {
             objectName: "showNextTuningButton"
+            name: qsTr("Next tuning")
             anchors.right: parent.right; anchors.rightMargin: lay.margin / 2
             anchors.verticalCenter: parent.verticalCenter
             width: lay.titleHeight; height: lay.titleHeight
@@ -86,6 +94,8 @@ Item {
             Text {
                 objectName: "noteDisplay"
                 text: o.noteDisplay.text === "" ? "–" : o.noteDisplay.text
+                Accessible.role: Accessible.StaticText
+                Accessible.name: o.noteDisplay.text === "" ? qsTr("No note") : qsTr("Note: %1").arg(o.noteDisplay.text)
                 color: App.inTune ? Theme.good : Theme.text
                 font.pixelSize: lay.noteFont
                 font.bold: true
@@ -93,6 +103,8 @@ Item {
             Text {
                 objectName: "freq_label"
                 text: o.freq_label.text !== "" ? o.freq_label.text : App.idleReadout
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
                 color: o.freq_label.text === "" ? Theme.muted : Theme.text
                 font.pixelSize: lay.freqFont
             }
@@ -103,6 +115,8 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             width: lay.readoutHeight * 0.62; height: width
             outlet: lay.pad ? o.LEDDisplay128 : o.LEDDisplay
+            Accessible.role: Accessible.Indicator
+            Accessible.name: App.inTune ? qsTr("In tune") : qsTr("Not in tune")
         }
     }
 
@@ -117,7 +131,7 @@ Item {
         Image {
             anchors.fill: parent
             source: "image://art/headstock.png"
-            sourceSize: Qt.size(Math.round(width), Math.round(height))
+            sourceSize: Qt.size(Math.round(width * App.pixelScale), Math.round(height * App.pixelScale))
         }
         OutletImage { anchors.fill: parent; outlet: o.tunedString; objectName: "tunedString" }
         OutletImage { anchors.fill: parent; outlet: o.tunedString5; objectName: "tunedString5" }
@@ -155,6 +169,9 @@ Item {
                 x: onRight ? peg.x * head.sx + 26 * head.sx : peg.x * head.sx - 26 * head.sx - width
                 y: peg.y * head.sy - height / 2
                 visible: !modelData.label.hidden
+                Accessible.role: Accessible.Button
+                Accessible.name: qsTr("Play %1").arg(modelData.label.text)
+                Accessible.onPressAction: screen.playString(modelData.n)
                 Text {
                     id: labelText
                     anchors.centerIn: parent
@@ -199,12 +216,14 @@ Item {
         spacing: (screen.width - 4 * lay.toolbarHeight) / 5
         IconButton {
             objectName: "settingsButton"
+            name: qsTr("Settings")
             width: lay.toolbarHeight; height: lay.toolbarHeight
             icon: "settings.png"
             onClicked: screen.openSettings()
         }
         IconButton {
             objectName: "tuningForkButton"
+            name: qsTr("Tuning fork")
             width: lay.toolbarHeight; height: lay.toolbarHeight
             icon: "tuning_fork.png"
             enabled: !o.tuningForkButton.hidden
@@ -212,12 +231,14 @@ Item {
         }
         IconButton {
             objectName: "goToChordsLibraryButton"
+            name: qsTr("Chord library")
             width: lay.toolbarHeight; height: lay.toolbarHeight
             icon: o.goToChordsLibraryButton.image
             onClicked: screen.openChords()
         }
         IconButton {
             objectName: "aboutButton"
+            name: qsTr("About")
             width: lay.toolbarHeight; height: lay.toolbarHeight
             icon: "about.png"
             onClicked: screen.openAbout()

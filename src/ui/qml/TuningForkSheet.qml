@@ -20,6 +20,12 @@ Sheet {
         case 3: App.tuner.playA440Hz(); break
         }
     }
+    readonly property var buttonOutlets: [o.g4TFButton, o.c4TFButton, o.e4TFButton, o.a4TFButton]
+    // String n's tone, when its button shows.
+    function playString(n) {
+        if (!buttonOutlets[4 - n].hidden)
+            playFork(4 - n)
+    }
 
     Column {
         id: content
@@ -75,6 +81,9 @@ Sheet {
                     width: strings.buttonSize; height: width
                     radius: width / 2
                     visible: !modelData.outlet.hidden
+                    Accessible.role: Accessible.Button
+                    Accessible.name: qsTr("Play %1").arg(modelData.outlet.title)
+                    Accessible.onPressAction: sheet.playFork(index)
                     color: press.pressed ? Theme.accent : Theme.panel
                     border.color: Theme.accent
                     border.width: 2 * sheet.u
@@ -96,6 +105,9 @@ Sheet {
 
         Rectangle {
             objectName: "stopFreqPlayButton"
+            Accessible.role: Accessible.Button
+            Accessible.name: qsTr("Stop")
+            Accessible.onPressAction: App.tuner.stopFreqPlay()
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.min(content.width, 200 * sheet.u)
             height: lay.labelFont * 2.2

@@ -1,0 +1,82 @@
+// Links leave the app through the desktop: the store's own scheme goes to xdg-open,
+// and when nothing handles it the same page opens in the browser.
+#include <gtest/gtest.h>
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+
+#include "platform/qt/QtPorts.h"
+#include "support/QtApp.h"
+
+namespace uke {
+namespace {
+
+// The browser: whatever https page the app opens lands here.
+class Browser : public QObject {
+    Q_OBJECT
+public:
+    Browser() { QDesktopServices::setUrlHandler("https", this, "open"); }
+    ~Browser() override { QDesktopServices::unsetUrlHandler("https"); }
+    QStringList opened;
+public slots:
+    void open(const QUrl& url) { opened << url.toString(); }
+};
+
+constexpr char kStoreLink[] = "itms-apps://store.example/app/id1438296114";
+constexpr char kStorePage[] = "https://store.example/app/id1438296114";
+
+struct Desktop {
+    const char* name;
+    const char* xdgOpen; // the script's body; none: no xdg-open on the PATH
+    const char* link;
+    QStringList handedToXdgOpen;
+    QStringList openedInBrowser;
+};
+
+class UrlOpenerOnDesktops : public ::testing::TestWithParam<Desktop> {};
+
+TEST_P(UrlOpenerOnDesktops, StoreLinksReachAPageWhateverHandlesThem) {
+    const Desktop& d = GetParam();
+    test::ensureQtApp();
+    QTemporaryDir bin;
+    const QString log = bin.filePath("xdg-open.log");
+    if (d.xdgOpen) {
+        QFile script(bin.filePath("xdg-open"));
+        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+        script.write(QString("#!/bin/sh\necho \"$1\" >> '%1'\n%2\n").arg(log, d.xdgOpen).toUtf8());
+        script.setPermissions(script.permissions() | QFile::ExeOwner);
+    }
+    const QByteArray path = qgetenv("PATH");
+    // Without a script, only the empty folder is searched: no xdg-open at all.
+    qputenv("PATH", d.xdgOpen ? bin.path().toUtf8() + ":" + path : bin.path().toUtf8());
+    Browser browser;
+    makeQtUrlOpener()->openUrl(d.link);
+    const auto handed = [&] {
+        QFile f(log);
+        return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts)
+                                           : QStringList{};
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(handed(), d.handedToXdgOpen, 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(browser.opened, d.openedInBrowser, 5000);
+    QTest::qWait(100);
+    EXPECT_EQ(browser.opened, d.openedInBrowser) << "opened once only";
+    qputenv("PATH", path);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Links, UrlOpenerOnDesktops,
+    ::testing::Values(
+        // xdg-open exits 4 when no application is set for the scheme.
+        Desktop{"NoStoreApp", "exit 4", kStoreLink, {kStoreLink}, {kStorePage}},
+        Desktop{"StoreApp", "exit 0", kStoreLink, {kStoreLink}, {}},
+        Desktop{"NoXdgOpen", nullptr, kStoreLink, {}, {kStorePage}},
+        Desktop{"WebLink", "exit 0", "https://maker.example/", {}, {"https://maker.example/"}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+} // namespace
+} // namespace uke
+
+#include "test_url_opener.moc"
