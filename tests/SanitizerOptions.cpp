@@ -46,6 +46,8 @@ const char* __tsan_default_suppressions() {
         "called_from_lib:libQt6Multimedia.so\n"
         "called_from_lib:libQt6Network.so\n"
         "called_from_lib:libQt6OpenGL.so\n"
+        // The D-Bus library Qt's D-Bus thread drives (the screen saver's calls).
+        "called_from_lib:libdbus-1.so\n"
         // GLib's main loop under Qt's, and the PulseAudio client's own thread.
         "called_from_lib:libglib-2.0.so\n"
         "called_from_lib:libpulse.so\n"

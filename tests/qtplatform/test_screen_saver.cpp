@@ -1,8 +1,9 @@
 // The screen is kept lit while the tuner listens and its window shows, through the
-// desktop's screen-saver service, here a fake one on a private session bus.
+// desktop's services, here fakes on a private session bus.
 #include <gtest/gtest.h>
 
 #include <QDBusConnection>
+#include <QDBusObjectPath>
 #include <QProcess>
 #include <QTest>
 #include <QWindow>
@@ -13,37 +14,76 @@
 namespace uke {
 namespace {
 
-// The desktop's side: hands out cookies and remembers which are held.
+// What the desktop was asked, in order, from either service.
+QStringList calls;
+
+// KDE's, Xfce's and others' service: hands out cookies.
 class FakeScreenSaver : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.ScreenSaver")
-public:
-    QStringList calls;
-    QList<uint> held;
-    uint last = 40;
 public slots:
     uint Inhibit(const QString& application, const QString& reason) {
-        calls << "Inhibit " + application + ": " + reason;
-        held << ++last;
+        calls << QString("Inhibit %1 (%2): %3").arg(++last).arg(application, reason);
         return last;
     }
-    void UnInhibit(uint cookie) {
-        calls << QString("UnInhibit %1").arg(cookie);
-        held.removeAll(cookie);
-    }
+    void UnInhibit(uint cookie) { calls << QString("UnInhibit %1").arg(cookie); }
+
+private:
+    uint last = 40;
 };
 
-// On a session bus of the test's own, so that the machine's desktop (if any) is never touched.
-class ScreenSaverInhibitorTest : public ::testing::Test {
+// The portal (GNOME's way): each hold is a request object, closed to let go.
+class FakeRequest : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Request")
+public slots:
+    void Close() { calls << "Close " + objectName(); }
+};
+class FakePortal : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Inhibit")
+public:
+    QDBusConnection* bus = nullptr;
+public slots:
+    QDBusObjectPath Inhibit(const QString&, uint flags, const QVariantMap& options) {
+        auto* request = new FakeRequest;
+        request->setParent(this);
+        request->setObjectName(QString::number(++last));
+        const QString path = "/org/freedesktop/portal/desktop/request/" + request->objectName();
+        bus->registerObject(path, request, QDBusConnection::ExportAllSlots);
+        calls << QString("Portal %1 flags %2: %3").arg(last).arg(flags).arg(options.value("reason").toString());
+        return QDBusObjectPath(path);
+    }
+
+private:
+    int last = 0;
+};
+
+struct Desktop {
+    const char* name;
+    bool screenSaver, portal;
+    QStringList expected;
+};
+
+class ScreenSaverInhibitorOn : public ::testing::TestWithParam<Desktop> {
 protected:
     void SetUp() override {
+        calls.clear();
+        // A session bus of the test's own, so that the machine's desktop is never touched.
         daemon.start("dbus-daemon", {"--config-file=/usr/share/dbus-1/session.conf", "--nofork", "--print-address=1"});
         if (!daemon.waitForReadyRead(5000))
             GTEST_SKIP() << "dbus-daemon could not be started";
         address = QString::fromUtf8(daemon.readLine()).trimmed();
         desktop = bus("desktop");
-        ASSERT_TRUE(desktop.registerObject("/org/freedesktop/ScreenSaver", &fake, QDBusConnection::ExportAllSlots));
-        ASSERT_TRUE(desktop.registerService("org.freedesktop.ScreenSaver"));
+        portal.bus = &desktop;
+        if (GetParam().screenSaver) {
+            desktop.registerObject("/org/freedesktop/ScreenSaver", &screenSaver, QDBusConnection::ExportAllSlots);
+            ASSERT_TRUE(desktop.registerService("org.freedesktop.ScreenSaver"));
+        }
+        if (GetParam().portal) {
+            desktop.registerObject("/org/freedesktop/portal/desktop", &portal, QDBusConnection::ExportAllSlots);
+            ASSERT_TRUE(desktop.registerService("org.freedesktop.portal.Desktop"));
+        }
         window.resize(100, 100);
     }
     void TearDown() override {
@@ -60,76 +100,59 @@ protected:
     QProcess daemon;
     QString address;
     QDBusConnection desktop{""};
-    FakeScreenSaver fake;
+    FakeScreenSaver screenSaver;
+    FakePortal portal;
     QWindow window;
 };
 
-TEST_F(ScreenSaverInhibitorTest, HeldWhileListeningAndShownReleasedWhenHiddenOrGone) {
+TEST_P(ScreenSaverInhibitorOn, HeldWhileListeningAndShownReleasedWhenHiddenOrGone) {
+    const bool held = !GetParam().expected.isEmpty();
     auto keeper = std::make_unique<ScreenSaverInhibitor>(bus("inhibitor"));
     keeper->watch(&window);
     keeper->setIdleTimerDisabled(true);
     settle();
-    EXPECT_TRUE(fake.calls.isEmpty()) << "nothing is held before the window shows";
-
+    EXPECT_TRUE(calls.isEmpty()) << "nothing is held before the window shows";
     window.show();
     settle();
-    EXPECT_EQ(fake.calls, QStringList{"Inhibit Ukulele Tuner: Tuning: the tuner is listening"});
-    EXPECT_EQ(fake.held, QList<uint>{41});
-    EXPECT_TRUE(keeper->holding());
-
+    EXPECT_EQ(keeper->holding(), held);
     window.showMinimized();
     settle();
     window.hide();
     settle();
-    EXPECT_TRUE(fake.held.isEmpty());
-    EXPECT_EQ(fake.calls.last(), "UnInhibit 41");
-
+    EXPECT_FALSE(keeper->holding());
     window.show();
     settle();
-    EXPECT_EQ(fake.held, QList<uint>{42});
     keeper->setIdleTimerDisabled(false);
     settle();
-    EXPECT_TRUE(fake.held.isEmpty());
-
+    // Hidden before the answer came: the hold is given straight back.
     keeper->setIdleTimerDisabled(true);
-    settle();
-    EXPECT_EQ(fake.held, QList<uint>{43});
-    keeper.reset(); // the app quits
-    settle();
-    EXPECT_TRUE(fake.held.isEmpty());
-    EXPECT_EQ(fake.calls.size(), 6) << fake.calls.join('\n').toStdString();
-}
-
-// Hidden before the answer came: the cookie is given straight back.
-TEST_F(ScreenSaverInhibitorTest, WindowHiddenWhileTheCallIsOutIsReleasedOnTheAnswer) {
-    ScreenSaverInhibitor keeper(bus("inhibitor"));
-    window.show();
-    keeper.watch(&window);
-    keeper.setIdleTimerDisabled(true);
     window.hide();
     settle();
-    EXPECT_TRUE(fake.held.isEmpty());
-    EXPECT_FALSE(keeper.holding());
+    EXPECT_FALSE(keeper->holding());
+    window.show();
+    keeper.reset(); // the app quits before the answer
+    settle();
+    EXPECT_EQ(calls.join('\n').toStdString(), GetParam().expected.join('\n').toStdString());
+    // And on a session without a bus at all.
+    ScreenSaverInhibitor unconnected{QDBusConnection("not-connected")};
+    unconnected.watch(&window);
+    unconnected.setIdleTimerDisabled(true);
+    EXPECT_FALSE(unconnected.holding());
 }
 
-// No screen-saver service, or no bus at all: the tuner goes on, and nothing waits.
-TEST_F(ScreenSaverInhibitorTest, NoServiceOrNoBusIsNoFailure) {
-    desktop.unregisterService("org.freedesktop.ScreenSaver");
-    for (QDBusConnection connection : {bus("inhibitor"), QDBusConnection("not-connected")}) {
-        ScreenSaverInhibitor keeper(connection);
-        keeper.watch(&window);
-        window.show();
-        keeper.setIdleTimerDisabled(true);
-        settle();
-        EXPECT_FALSE(keeper.holding());
-        window.hide();
-        window.show();
-        settle();
-        EXPECT_FALSE(keeper.holding());
-        window.hide();
-    }
-    EXPECT_TRUE(fake.calls.isEmpty());
-}
+const QString kReason = ": Tuning: the tuner is listening";
+INSTANTIATE_TEST_SUITE_P(
+    Desktops, ScreenSaverInhibitorOn,
+    ::testing::Values(
+        Desktop{"ScreenSaverService", true, true,
+                {"Inhibit 41 (Ukulele Tuner)" + kReason, "UnInhibit 41", "Inhibit 42 (Ukulele Tuner)" + kReason,
+                 "UnInhibit 42", "Inhibit 43 (Ukulele Tuner)" + kReason, "UnInhibit 43",
+                 "Inhibit 44 (Ukulele Tuner)" + kReason, "UnInhibit 44"}},
+        Desktop{"PortalOnly", false, true,
+                {"Portal 1 flags 8" + kReason, "Close 1", "Portal 2 flags 8" + kReason, "Close 2",
+                 "Portal 3 flags 8" + kReason, "Close 3", "Portal 4 flags 8" + kReason, "Close 4"}},
+        Desktop{"Neither", false, false, {}}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace
 } // namespace uke

@@ -31,9 +31,7 @@ constexpr char kStorePage[] = "https://store.example/app/id1438296114";
 struct Desktop {
     const char* name;
     const char* xdgOpen; // the script's body; none: no xdg-open on the PATH
-    const char* link;
-    QStringList handedToXdgOpen;
-    QStringList openedInBrowser;
+    bool inTheBrowser;   // whether the page ends up in the browser
 };
 
 class UrlOpenerOnDesktops : public ::testing::TestWithParam<Desktop> {};
@@ -53,16 +51,17 @@ TEST_P(UrlOpenerOnDesktops, StoreLinksReachAPageWhateverHandlesThem) {
     // Without a script, only the empty folder is searched: no xdg-open at all.
     qputenv("PATH", d.xdgOpen ? bin.path().toUtf8() + ":" + path : bin.path().toUtf8());
     Browser browser;
-    makeQtUrlOpener()->openUrl(d.link);
+    makeQtUrlOpener()->openUrl(kStoreLink);
     const auto handed = [&] {
         QFile f(log);
         return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts)
                                            : QStringList{};
     };
-    QTRY_COMPARE_WITH_TIMEOUT(handed(), d.handedToXdgOpen, 5000);
-    QTRY_COMPARE_WITH_TIMEOUT(browser.opened, d.openedInBrowser, 5000);
+    const QStringList inBrowser = d.inTheBrowser ? QStringList{kStorePage} : QStringList{};
+    QTRY_COMPARE_WITH_TIMEOUT(handed(), d.xdgOpen ? QStringList{kStoreLink} : QStringList{}, 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(browser.opened, inBrowser, 5000);
     QTest::qWait(100);
-    EXPECT_EQ(browser.opened, d.openedInBrowser) << "opened once only";
+    EXPECT_EQ(browser.opened, inBrowser) << "opened once only";
     qputenv("PATH", path);
 }
 
@@ -70,10 +69,8 @@ INSTANTIATE_TEST_SUITE_P(
     Links, UrlOpenerOnDesktops,
     ::testing::Values(
         // xdg-open exits 4 when no application is set for the scheme.
-        Desktop{"NoStoreApp", "exit 4", kStoreLink, {kStoreLink}, {kStorePage}},
-        Desktop{"StoreApp", "exit 0", kStoreLink, {kStoreLink}, {}},
-        Desktop{"NoXdgOpen", nullptr, kStoreLink, {}, {kStorePage}},
-        Desktop{"WebLink", "exit 0", "https://maker.example/", {}, {"https://maker.example/"}}),
+        Desktop{"NoStoreApp", "exit 4", true}, Desktop{"StoreApp", "exit 0", false},
+        Desktop{"NoXdgOpen", nullptr, true}),
     [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace

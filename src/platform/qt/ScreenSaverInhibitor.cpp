@@ -1,20 +1,44 @@
 #include "platform/qt/ScreenSaverInhibitor.h"
 
-#include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QVariantMap>
 #include <utility>
 
 namespace uke {
 
 namespace {
 
-constexpr char kService[] = "org.freedesktop.ScreenSaver";
-constexpr char kPath[] = "/org/freedesktop/ScreenSaver";
-constexpr char kInterface[] = "org.freedesktop.ScreenSaver";
+constexpr char kReason[] = "Tuning: the tuner is listening";
+constexpr char kScreenSaver[] = "org.freedesktop.ScreenSaver";
+constexpr char kPortal[] = "org.freedesktop.portal.Desktop";
+// The portal's flag for "the session must not go idle" (the screen saver).
+constexpr uint kInhibitIdle = 8;
 
-QDBusMessage screenSaverCall(const char* method) {
-    return QDBusMessage::createMethodCall(kService, kPath, kInterface, method);
+// The ways to ask, in order: the Inhibit call, and from its answer the call that releases.
+QDBusMessage inhibitCall(int way) {
+    if (way == 0) {
+        QDBusMessage call = QDBusMessage::createMethodCall(kScreenSaver, "/org/freedesktop/ScreenSaver",
+                                                           kScreenSaver, "Inhibit");
+        return call << QStringLiteral("Ukulele Tuner") << QString::fromLatin1(kReason);
+    }
+    QDBusMessage call = QDBusMessage::createMethodCall(kPortal, "/org/freedesktop/portal/desktop",
+                                                       "org.freedesktop.portal.Inhibit", "Inhibit");
+    return call << QString() << kInhibitIdle << QVariantMap{{"reason", QString::fromLatin1(kReason)}};
+}
+constexpr int kWays = 2;
+
+QDBusMessage releaseCall(int way, const QDBusMessage& answer) {
+    const QVariant value = answer.arguments().value(0);
+    if (way == 0) {
+        QDBusMessage call = QDBusMessage::createMethodCall(kScreenSaver, "/org/freedesktop/ScreenSaver",
+                                                           kScreenSaver, "UnInhibit");
+        return call << value.toUInt();
+    }
+    // The portal's hold lasts as long as the request object it answered with.
+    return QDBusMessage::createMethodCall(kPortal, qvariant_cast<QDBusObjectPath>(value).path(),
+                                          "org.freedesktop.portal.Request", "Close");
 }
 
 } // namespace
@@ -23,12 +47,21 @@ ScreenSaverInhibitor::ScreenSaverInhibitor(QDBusConnection bus, QObject* parent)
     : QObject(parent), bus_(std::move(bus)) {}
 
 ScreenSaverInhibitor::~ScreenSaverInhibitor() {
-    // Said and waited for: the app is ending, and a queued message could be lost.
-    if (cookie_ && bus_.isConnected()) {
-        QDBusMessage call = screenSaverCall("UnInhibit");
-        call << *cookie_;
-        bus_.call(call, QDBus::Block, 500);
+    // An answer still on its way is given straight back when it comes (while the app
+    // lives on; when it ends, its bus connection closes and the desktop lets go).
+    if (pending_) {
+        pending_->disconnect(this);
+        pending_->setParent(nullptr);
+        connect(pending_, &QDBusPendingCallWatcher::finished, pending_,
+                [bus = bus_, way = pendingWay_](QDBusPendingCallWatcher* w) {
+                    w->deleteLater();
+                    if (!w->isError())
+                        bus.asyncCall(releaseCall(way, w->reply()));
+                });
     }
+    // Said and waited for: the app is ending, and a queued message could be lost.
+    if (holding() && bus_.isConnected())
+        bus_.call(release_, QDBus::Block, 500);
 }
 
 void ScreenSaverInhibitor::setIdleTimerDisabled(bool disabled) {
@@ -53,41 +86,31 @@ void ScreenSaverInhibitor::watch(QWindow* window) {
 void ScreenSaverInhibitor::update() {
     const QWindow::Visibility v = window_ ? window_->visibility() : QWindow::Hidden;
     const bool hold = wanted_ && v != QWindow::Hidden && v != QWindow::Minimized;
-    if (hold && !cookie_ && !pending_ && !unavailable_)
-        inhibit();
-    else if (!hold && cookie_)
-        release();
+    if (hold && !holding() && !pending_ && !unavailable_) {
+        inhibit(firstWay_, kWays);
+    } else if (!hold && holding()) {
+        bus_.asyncCall(std::exchange(release_, QDBusMessage()));
+    }
 }
 
-void ScreenSaverInhibitor::inhibit() {
-    if (!bus_.isConnected()) {
+void ScreenSaverInhibitor::inhibit(int way, int left) {
+    if (left == 0 || !bus_.isConnected()) {
         unavailable_ = true;
         return;
     }
-    QDBusMessage call = screenSaverCall("Inhibit");
-    call << QStringLiteral("Ukulele Tuner") << QStringLiteral("Tuning: the tuner is listening");
     // Asked without waiting: a slow bus must not hold up the tuner.
-    pending_ = true;
-    auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* w) {
+    pending_ = new QDBusPendingCallWatcher(bus_.asyncCall(inhibitCall(way)), this);
+    pendingWay_ = way;
+    connect(pending_, &QDBusPendingCallWatcher::finished, this, [this, way, left](QDBusPendingCallWatcher* w) {
         w->deleteLater();
-        pending_ = false;
-        const QDBusPendingReply<uint> reply = *w;
-        if (reply.isError()) {
-            unavailable_ = true;
-            return;
-        }
-        cookie_ = reply.value();
+        pending_ = nullptr;
+        if (w->isError())
+            return inhibit((way + 1) % kWays, left - 1);
+        firstWay_ = way;
+        release_ = releaseCall(way, w->reply());
         // The window may have gone, or the tuner stopped, while the call was out.
         update();
     });
-}
-
-void ScreenSaverInhibitor::release() {
-    QDBusMessage call = screenSaverCall("UnInhibit");
-    call << *cookie_;
-    cookie_.reset();
-    bus_.asyncCall(call);
 }
 
 } // namespace uke
