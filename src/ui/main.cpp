@@ -2,8 +2,6 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QPainter>
-#include <QSvgRenderer>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
@@ -144,22 +142,6 @@ void reportFrames(QQuickWindow* window, const QElapsedTimer& sinceStart) {
     });
 }
 
-// The menu's icon, drawn from its SVG at the sizes window managers and task
-// switchers ask for (the SVG icon engine is a plugin a desktop may not have).
-QIcon appIcon() {
-    QSvgRenderer svg(QStringLiteral(":/icon/" UKE_DESKTOP_ID ".svg"));
-    QIcon icon;
-    for (const int size : {16, 32, 48, 64, 128, 256}) {
-        QPixmap pixmap(size, size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        svg.render(&painter);
-        painter.end();
-        icon.addPixmap(pixmap);
-    }
-    return icon;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -186,7 +168,8 @@ int main(int argc, char** argv) {
     QGuiApplication::setApplicationDisplayName("Ukulele Tuner");
     // Ties the window to its menu entry (the Wayland app id, the dock's icon).
     QGuiApplication::setDesktopFileName(UKE_DESKTOP_ID);
-    QGuiApplication::setWindowIcon(appIcon());
+    // The menu's picture, drawn from its SVG only when the desktop asks for a size.
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/icon/" UKE_DESKTOP_ID ".svg")));
 
     uke::AppHost host(cl.host);
     if (!host.start())
