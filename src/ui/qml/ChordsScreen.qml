@@ -57,13 +57,16 @@ Rectangle {
                 return
             App.chords.didSelectRow(outlet.tag, currentIndex)
         }
+        // A row tapped, pressed by a screen reader or reached by a key.
+        function choose(row) {
+            currentIndex = row
+            report()
+        }
         // One row up or down, as a flick that settles on the next row would.
         function step(rows) {
             const row = Math.max(0, Math.min(count - 1, currentIndex + rows))
-            if (row === currentIndex)
-                return
-            currentIndex = row
-            report()
+            if (row !== currentIndex)
+                choose(row)
         }
         onModelRowChanged: if (currentIndex !== modelRow) currentIndex = modelRow
         onCountChanged: if (currentIndex !== modelRow) currentIndex = modelRow
@@ -76,10 +79,7 @@ Rectangle {
             text: modelData
             Accessible.role: Accessible.ListItem
             Accessible.name: modelData
-            Accessible.onPressAction: {
-                wheel.currentIndex = index
-                wheel.report()
-            }
+            Accessible.onPressAction: wheel.choose(index)
             color: index === wheel.currentIndex ? Theme.text : Theme.muted
             font.pixelSize: Math.min(App.layout.titleFont * 1.15, wheel.rowHeight * 0.52)
             font.bold: index === wheel.currentIndex
@@ -89,10 +89,7 @@ Rectangle {
             opacity: 1.0 - Math.abs(Tumbler.displacement) / (wheel.visibleItemCount / 2 + 0.4)
             MouseArea {
                 anchors.fill: parent
-                onClicked: {
-                    wheel.currentIndex = index
-                    wheel.report()
-                }
+                onClicked: wheel.choose(index)
             }
         }
     }
