@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is needed, builds with warnings as errors, and runs every test:
-# once in the normal build (which is then packed, installed and removed), once in the demonstration-mode build and once under
+# once in the normal build (which is then packed, installed and removed, and whose
+# tool checks the browser build's estimates), once in the demonstration-mode build and once under
 # the address and undefined-behaviour sanitizers; the threaded parts once more
 # under the thread sanitizer; then each fuzz target for a minute.
 set -euo pipefail
@@ -13,6 +14,10 @@ BUILD_DIR=build scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MOD
 # in an empty folder and removed again.
 BUILD_DIR=build scripts/package.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF
 scripts/check-package.sh
+# The browser app: the same core as WebAssembly (its estimates checked against the
+# build just tested), the page's ports, and the page in headless Chromium.
+scripts/web.sh
+scripts/web-test.sh
 BUILD_DIR=build-demo scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=ON -DUKE_BUILD_BENCH=OFF
 # The frozen picture needs no audio: the device tests stay with the normal build.
 (cd build-demo && ctest --output-on-failure --timeout 300 -j2 -LE "e2e")

@@ -368,4 +368,27 @@
         <translation>Kreuz oder Be</translation>
     </message>
 </context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
+        <translation>Der Zugriff auf das Mikrofon wurde verweigert. Erlaube das Mikrofon für diese Seite in den Einstellungen des Browsers und lade sie dann neu.</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Connect one, then reload the page.</source>
+        <translation>Es wurde kein Mikrofon gefunden. Schließe eines an und lade die Seite dann neu.</translation>
+    </message>
+    <message>
+        <source>The microphone was disconnected. Connect one, then reload the page.</source>
+        <translation>Das Mikrofon wurde getrennt. Schließe eines an und lade die Seite dann neu.</translation>
+    </message>
+    <message>
+        <source>This browser cannot open the microphone here. Open the page over https, or on this device at http://127.0.0.1.</source>
+        <translation>Dieser Browser kann das Mikrofon hier nicht öffnen. Öffne die Seite über https oder auf diesem Gerät unter http://127.0.0.1.</translation>
+    </message>
+    <message>
+        <source>The microphone could not be opened. Close other apps that use it, then reload the page.</source>
+        <translation>Das Mikrofon konnte nicht geöffnet werden. Schließe andere Apps, die es verwenden, und lade die Seite dann neu.</translation>
+    </message>
+</context>
 </TS>

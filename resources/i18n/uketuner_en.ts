@@ -368,4 +368,27 @@
         <translation>Sharps or flats</translation>
     </message>
 </context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
+        <translation>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Connect one, then reload the page.</source>
+        <translation>No microphone was found. Connect one, then reload the page.</translation>
+    </message>
+    <message>
+        <source>The microphone was disconnected. Connect one, then reload the page.</source>
+        <translation>The microphone was disconnected. Connect one, then reload the page.</translation>
+    </message>
+    <message>
+        <source>This browser cannot open the microphone here. Open the page over https, or on this device at http://127.0.0.1.</source>
+        <translation>This browser cannot open the microphone here. Open the page over https, or on this device at http://127.0.0.1.</translation>
+    </message>
+    <message>
+        <source>The microphone could not be opened. Close other apps that use it, then reload the page.</source>
+        <translation>The microphone could not be opened. Close other apps that use it, then reload the page.</translation>
+    </message>
+</context>
 </TS>

@@ -368,4 +368,27 @@
         <translation>Sostenidos o bemoles</translation>
     </message>
 </context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
+        <translation>Se denegó el acceso al micrófono. Permite el micrófono para esta página en los ajustes del navegador y vuelve a cargarla.</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Connect one, then reload the page.</source>
+        <translation>No se encontró ningún micrófono. Conecta uno y vuelve a cargar la página.</translation>
+    </message>
+    <message>
+        <source>The microphone was disconnected. Connect one, then reload the page.</source>
+        <translation>El micrófono se desconectó. Conecta uno y vuelve a cargar la página.</translation>
+    </message>
+    <message>
+        <source>This browser cannot open the microphone here. Open the page over https, or on this device at http://127.0.0.1.</source>
+        <translation>Este navegador no puede abrir el micrófono aquí. Abre la página por https, o en este dispositivo en http://127.0.0.1.</translation>
+    </message>
+    <message>
+        <source>The microphone could not be opened. Close other apps that use it, then reload the page.</source>
+        <translation>No se pudo abrir el micrófono. Cierra otras apps que lo usen y vuelve a cargar la página.</translation>
+    </message>
+</context>
 </TS>

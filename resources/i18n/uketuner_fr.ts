@@ -368,4 +368,27 @@
         <translation>Dièses ou bémols</translation>
     </message>
 </context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
+        <translation>L'accès au micro a été refusé. Autorisez le micro pour cette page dans les réglages du navigateur, puis rechargez-la.</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Connect one, then reload the page.</source>
+        <translation>Aucun micro n'a été trouvé. Branchez-en un, puis rechargez la page.</translation>
+    </message>
+    <message>
+        <source>The microphone was disconnected. Connect one, then reload the page.</source>
+        <translation>Le micro a été débranché. Branchez-en un, puis rechargez la page.</translation>
+    </message>
+    <message>
+        <source>This browser cannot open the microphone here. Open the page over https, or on this device at http://127.0.0.1.</source>
+        <translation>Ce navigateur ne peut pas ouvrir le micro ici. Ouvrez la page en https, ou sur cet appareil à l'adresse http://127.0.0.1.</translation>
+    </message>
+    <message>
+        <source>The microphone could not be opened. Close other apps that use it, then reload the page.</source>
+        <translation>Le micro n'a pas pu être ouvert. Fermez les autres apps qui l'utilisent, puis rechargez la page.</translation>
+    </message>
+</context>
 </TS>

@@ -368,4 +368,27 @@
         <translation>Diesis o bemolle</translation>
     </message>
 </context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
+        <translation>L'accesso al microfono è stato negato. Consenti il microfono per questa pagina nelle impostazioni del browser, poi ricaricala.</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Connect one, then reload the page.</source>
+        <translation>Nessun microfono trovato. Collegane uno, poi ricarica la pagina.</translation>
+    </message>
+    <message>
+        <source>The microphone was disconnected. Connect one, then reload the page.</source>
+        <translation>Il microfono è stato scollegato. Collegane uno, poi ricarica la pagina.</translation>
+    </message>
+    <message>
+        <source>This browser cannot open the microphone here. Open the page over https, or on this device at http://127.0.0.1.</source>
+        <translation>Questo browser non può aprire il microfono qui. Apri la pagina in https, o su questo dispositivo all'indirizzo http://127.0.0.1.</translation>
+    </message>
+    <message>
+        <source>The microphone could not be opened. Close other apps that use it, then reload the page.</source>
+        <translation>Non è stato possibile aprire il microfono. Chiudi le altre app che lo usano, poi ricarica la pagina.</translation>
+    </message>
+</context>
 </TS>

@@ -368,4 +368,27 @@
         <translation>Диезы или бемоли</translation>
     </message>
 </context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
+        <translation>Доступ к микрофону запрещён. Разрешите микрофон для этой страницы в настройках браузера и перезагрузите её.</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Connect one, then reload the page.</source>
+        <translation>Микрофон не найден. Подключите микрофон и перезагрузите страницу.</translation>
+    </message>
+    <message>
+        <source>The microphone was disconnected. Connect one, then reload the page.</source>
+        <translation>Микрофон отключён. Подключите микрофон и перезагрузите страницу.</translation>
+    </message>
+    <message>
+        <source>This browser cannot open the microphone here. Open the page over https, or on this device at http://127.0.0.1.</source>
+        <translation>Этот браузер не может открыть микрофон здесь. Откройте страницу по https или на этом устройстве по адресу http://127.0.0.1.</translation>
+    </message>
+    <message>
+        <source>The microphone could not be opened. Close other apps that use it, then reload the page.</source>
+        <translation>Не удалось открыть микрофон. Закройте другие приложения, которые его используют, и перезагрузите страницу.</translation>
+    </message>
+</context>
 </TS>

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
 namespace uke {
 
@@ -38,8 +39,19 @@ std::string jsonNumber(double v) {
     if (!std::isfinite(v))
         return "null";
     char buf[64];
+#if defined(__cpp_lib_to_chars)
     const auto [end, ec] = std::to_chars(buf, buf + sizeof buf, v);
     std::string s(buf, ec == std::errc{} ? end : buf);
+#else
+    // The browser build's library has no floating-point to_chars: the fewest
+    // digits that read back as exactly `v`, which JSON readers take alike.
+    for (int digits = 1; digits <= 17; ++digits) {
+        std::snprintf(buf, sizeof buf, "%.*g", digits, v);
+        if (std::strtod(buf, nullptr) == v)
+            break;
+    }
+    std::string s(buf);
+#endif
     if (s.find_first_of(".e") == std::string::npos)
         s += ".0";
     return s;

@@ -1,6 +1,7 @@
 #include "rating/RatingPrompt.h"
 
 #include <charconv>
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -42,7 +43,16 @@ std::string replaceAll(std::string text, const std::string& from, const std::str
 // Reads the leading number of a version such as "17.4.1", whatever the C locale.
 double leadingNumber(const std::string& text) {
     double value = 0.0;
+#if defined(__cpp_lib_to_chars)
     std::from_chars(text.data(), text.data() + text.size(), value);
+#else
+    // The browser build's library has no floating-point from_chars. Its C locale
+    // never changes; only what from_chars would read is handed to strtod (no
+    // spaces, signs or hexadecimal).
+    const std::string number = text.substr(0, text.find_first_not_of("-0123456789.eE"));
+    if (!number.empty() && number[0] != 'e' && number[0] != 'E')
+        value = std::strtod(number.c_str(), nullptr);
+#endif
     return value;
 }
 

@@ -35,6 +35,8 @@ void VirtualRunLoop::advanceTo(double seconds) {
         nowUs_ = at;
         if (entry.intervalUs > 0)
             schedule(at + entry.intervalUs, Entry{entry.task, entry.intervalUs});
+        else
+            ++messagesRun_;
         entry.task();
     }
     nowUs_ = target;

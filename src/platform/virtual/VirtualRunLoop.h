@@ -30,6 +30,9 @@ public:
     // Moves the wall clock without running anything (for day-long jumps).
     void shiftEpoch(double seconds) { epoch_ += seconds; }
     size_t pendingCount() const { return queue_.size(); }
+    // Delayed messages run so far (timers' firings not counted): a front end that
+    // drives the clock compares every outlet only after one of them ran.
+    uint64_t messagesRun() const { return messagesRun_; }
 
 private:
     struct Entry {
@@ -42,6 +45,7 @@ private:
     double epoch_;
     int64_t nowUs_ = 0;
     uint64_t seq_ = 0;
+    uint64_t messagesRun_ = 0;
     std::map<std::tuple<int64_t, uint64_t>, Entry> queue_;
 };
 

@@ -1,0 +1,110 @@
+// The browser app's budgets: what a first visit downloads (compressed), how soon
+// the first screen shows from a local server, and the CPU Chromium spends while
+// it tunes from a fake microphone hearing a plucked A4 every 2 s (the desktop's
+// figure for the same comes from bench/app-cpu.sh).
+// usage: node bench/web-bench.mjs [SECONDS]     (after scripts/web.sh and scripts/web-test.sh)
+import { execFileSync, spawn } from 'node:child_process';
+import fs from 'node:fs';
+import { createRequire } from 'node:module';
+import os from 'node:os';
+import path from 'node:path';
+import { fileURLToPath } from 'node:url';
+import zlib from 'node:zlib';
+
+const TOP = path.resolve(path.dirname(fileURLToPath(import.meta.url)), '..');
+const DIST = path.join(TOP, 'web/dist');
+const puppeteer = createRequire(path.join(TOP, 'tests/web/package.json'))('puppeteer-core');
+const seconds = Number(process.argv[2] || 30);
+const scratch = fs.mkdtempSync(path.join(os.tmpdir(), 'uke-web-bench-'));
+const HZ = Number(execFileSync('getconf', ['CLK_TCK'], { encoding: 'utf8' }));
+
+// 1. Everything the service worker fetches on a first visit, gzip-compressed as a
+//    server would send it (MP3 and WebAssembly included).
+const build = JSON.parse(fs.readFileSync(path.join(DIST, 'build.json'), 'utf8'));
+let raw = 0, packed = 0;
+const groups = {};
+for (const f of [...build.files.filter((f) => f !== './'), 'build.json', 'sw.js']) {
+  const bytes = fs.readFileSync(path.join(DIST, f));
+  const z = zlib.gzipSync(bytes, { level: 9 }).length;
+  const group = f.includes('/') ? f.split('/')[0] + '/' : f;
+  groups[group] = (groups[group] || 0) + z;
+  raw += bytes.length;
+  packed += z;
+}
+const kb = (n) => `${(n / 1024).toFixed(0)} KiB`;
+console.log(`download: ${kb(packed)} compressed (${kb(raw)} raw), target at most 1536 KiB`);
+for (const [g, n] of Object.entries(groups).sort((a, b) => b[1] - a[1]).slice(0, 8)) console.log(`  ${g.padEnd(22)} ${kb(n)}`);
+
+const server = spawn('python3', [path.join(TOP, 'web/tools/serve.py'), '--port', '0', DIST], { stdio: ['ignore', 'pipe', 'inherit'] });
+const origin = (await new Promise((r) => server.stdout.once('data', r))).toString().trim();
+
+function launch(extra = []) {
+  return puppeteer.launch({
+    executablePath: '/usr/bin/chromium', headless: true, userDataDir: fs.mkdtempSync(path.join(scratch, 'p-')),
+    args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
+      '--disable-component-update', '--disable-sync', ...extra],
+  });
+}
+
+// 2. First screen: a fresh profile each time (nothing cached), navigation to the
+//    moment the core has built the window and shown its outlets.
+const starts = [];
+for (let i = 0; i < 5; ++i) {
+  const browser = await launch();
+  const page = await browser.newPage();
+  await page.setViewport({ width: 390, height: 844, deviceScaleFactor: 3, isMobile: true, hasTouch: true });
+  await page.goto(origin);
+  await page.waitForSelector('body[data-ready]');
+  starts.push(await page.evaluate(() => window.uke.readyAt));
+  await browser.close();
+}
+starts.sort((a, b) => a - b);
+console.log(`first screen: median ${starts[2].toFixed(0)} ms (${starts.map((s) => s.toFixed(0)).join(', ')}), target under 1000 ms`);
+
+// 3. CPU while tuning: every Chromium process, (utime + stime) over wall time.
+const pluck = path.join(scratch, 'pluck-every-2s.wav');
+execFileSync('sox', [path.join(TOP, 'resources/sounds/A4.mp3'), '-r', '48000', '-c', '1', '-b', '16', pluck, 'trim', '0', '2', 'pad', '0', '0']);
+const browser = await launch(['--use-fake-ui-for-media-stream', '--use-fake-device-for-media-stream', `--use-file-for-fake-audio-capture=${pluck}`]);
+const page = await browser.newPage();
+await page.setViewport({ width: 390, height: 844, deviceScaleFactor: 3, isMobile: true, hasTouch: true });
+await page.goto(origin);
+await page.waitForSelector('body[data-ready]');
+await page.touchscreen.tap(195, 600);
+await new Promise((r) => setTimeout(r, 5000));
+
+function tree(root) {
+  const all = fs.readdirSync('/proc').filter((d) => /^\d+$/.test(d));
+  const parent = new Map();
+  for (const pid of all) {
+    try { parent.set(pid, fs.readFileSync(`/proc/${pid}/stat`, 'utf8').split(') ')[1].split(' ')[1]); } catch { /* gone */ }
+  }
+  const inTree = (pid) => { for (let p = pid; p && p !== '0'; p = parent.get(p)) if (p === String(root)) return true; return false; };
+  return all.filter(inTree);
+}
+function cpu(pids) {
+  const out = {};
+  for (const pid of pids) {
+    try {
+      const f = fs.readFileSync(`/proc/${pid}/stat`, 'utf8').split(') ')[1].split(' ');
+      const type = (fs.readFileSync(`/proc/${pid}/cmdline`, 'utf8').match(/--type=([\w-]+)/) || [, 'browser'])[1];
+      const service = (fs.readFileSync(`/proc/${pid}/cmdline`, 'utf8').match(/--utility-sub-type=([\w.]+)/) || [, ''])[1];
+      const name = service ? `${type} (${service.split('.').pop()})` : type;
+      out[name] = (out[name] || 0) + (Number(f[11]) + Number(f[12])) / HZ;
+    } catch { /* gone */ }
+  }
+  return out;
+}
+const pids = tree(browser.process().pid);
+const before = cpu(pids), t0 = Date.now();
+await new Promise((r) => setTimeout(r, seconds * 1000));
+const after = cpu(pids), wall = (Date.now() - t0) / 1000;
+const lit = await page.evaluate(() => document.querySelector('[data-outlet="LEDDisplay"]').getAttribute('src'));
+let total = 0;
+for (const name of Object.keys(after)) {
+  const share = (after[name] - (before[name] || 0)) / wall;
+  total += share;
+  console.log(`  ${name.padEnd(22)} ${(100 * share).toFixed(1)} %`);
+}
+console.log(`cpu while tuning: ${(100 * total).toFixed(1)} % of one core over ${wall.toFixed(0)} s (lamp ${lit.split('/').pop()}); compare bench/app-cpu.sh`);
+await browser.close();
+server.kill();

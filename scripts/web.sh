@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# The browser app: the core compiled to WebAssembly with Debian's emscripten, the
+# page's own JavaScript, art, layouts, texts and sounds, written to web/dist/.
+#   bash scripts/web.sh          installs what it needs and builds
+#   bash scripts/web.sh serve    builds, then serves web/dist on http://127.0.0.1:8080
+set -euo pipefail
+cd "$(dirname "$0")/.."
+TOP=$PWD
+BUILD=${WEB_BUILD_DIR:-build-web}
+
+SUDO=""
+[ "$(id -u)" -ne 0 ] && SUDO="sudo"
+need=()
+for p in emscripten python3 cmake ninja-build librsvg2-bin; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || need+=("$p")
+done
+# The machine may already have a newer Node.js of its own; Debian's is enough otherwise.
+command -v node >/dev/null || need+=(nodejs)
+command -v npm >/dev/null || need+=(npm)
+if [ ${#need[@]} -gt 0 ]; then
+  echo "Installing: ${need[*]}"
+  $SUDO apt-get -o DPkg::Lock::Timeout=600 update -q
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get -o DPkg::Lock::Timeout=600 install -y --no-install-recommends "${need[@]}"
+fi
+# Debian's emscripten runs its optimiser on Node.js, which does not look in Debian's module folder.
+export NODE_PATH=/usr/share/nodejs
+
+# KISS FFT from the very source package the desktop's library is built from, so that
+# both transforms round alike. A private apt configuration adds the source entry
+# without touching the machine's own lists.
+KISSFFT_VERSION=$(dpkg-query -W -f='${source:Version}' libkissfft-dev 2>/dev/null || true)
+KISSFFT_DIR=$TOP/$BUILD/kissfft
+if [ ! -f "$KISSFFT_DIR/kiss_fftr.c" ]; then
+  apt_dir=$(mktemp -d)
+  trap 'rm -rf "$apt_dir"' EXIT
+  mkdir -p "$apt_dir/parts" "$apt_dir/state/lists/partial" "$apt_dir/cache/archives/partial" "$apt_dir/src"
+  cat > "$apt_dir/parts/debian-src.sources" <<SOURCES
+Types: deb-src
+URIs: http://deb.debian.org/debian
+Suites: bookworm bookworm-updates
+Components: main
+Signed-By: /usr/share/keyrings/debian-archive-keyring.gpg
+SOURCES
+  APT=(apt-get -q -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$apt_dir/parts"
+       -o Dir::State="$apt_dir/state" -o Dir::Cache="$apt_dir/cache" -o Debug::NoLocking=1
+       -o APT::Sandbox::User=root)
+  "${APT[@]}" update >/dev/null
+  (cd "$apt_dir/src" && "${APT[@]}" source "kissfft${KISSFFT_VERSION:+=$KISSFFT_VERSION}" >/dev/null)
+  mkdir -p "$KISSFFT_DIR"
+  cp -r "$apt_dir"/src/kissfft-*/. "$KISSFFT_DIR/"
+fi
+
+if [ ! -f "$BUILD/build.ninja" ]; then
+  emcmake cmake -S . -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=Release -DUKE_WITH_QT=OFF \
+    -DUKE_BUILD_TESTS=OFF -DUKE_BUILD_BENCH=OFF -DUKE_KISSFFT_SOURCE="$KISSFFT_DIR" >/dev/null
+fi
+cmake --build "$BUILD" --target web
+echo "Built web/dist/"
+
+if [ "${1:-}" = serve ]; then
+  echo "Serving http://127.0.0.1:8080/ (Ctrl+C stops)"
+  exec python3 "$TOP/web/tools/serve.py" --port 8080 "$TOP/web/dist"
+fi

@@ -1,0 +1,136 @@
+// The page's ports on their own, with stand-ins for the browser's objects.
+import assert from 'node:assert/strict';
+import { test } from 'node:test';
+import { LocalSettings, STORAGE_KEY } from '../../web/src/ports/settings.js';
+import { StringTables, chooseLanguage } from '../../web/src/ports/strings.js';
+import { Blocker, Resampler } from '../../web/src/ports/resampler.js';
+import { failureOf } from '../../web/src/ports/capture.js';
+import { webAddressOf } from '../../web/src/ports/browser.js';
+import { loadCore, recordingHost } from './support.mjs';
+
+class MemoryStorage {
+  constructor(items = {}) { this.items = new Map(Object.entries(items)); this.full = false; }
+  getItem(k) { return this.items.has(k) ? this.items.get(k) : null; }
+  setItem(k, v) {
+    if (this.full) throw Object.assign(new Error('full'), { name: 'QuotaExceededError' });
+    this.items.set(k, String(v));
+  }
+  removeItem(k) { this.items.delete(k); }
+}
+
+test('settings survive a reload with their types, through the core\'s typed reads', async () => {
+  const core = await loadCore();
+  const storage = new MemoryStorage();
+  const run = (fn) => {
+    const host = recordingHost({ settings: new LocalSettings(storage, () => {}) });
+    const app = new core.WebApp(host);
+    app.start();
+    fn(app);
+    const changes = JSON.parse(app.changes());
+    app.delete();
+    return changes;
+  };
+  run((app) => {
+    app.tunerAction('setFrequencyValue', 442);
+    app.tunerAction('micSensitivity', 8);
+    app.tunerAction('toggleStringSounds', 1);
+  });
+  const again = run(() => {});
+  assert.equal(again.tuner.setFrequencyValueStepper.value, 442);
+  assert.equal(again.tuner.micSensitivitySlider.value, 8);
+  assert.equal(again.tuner.stringSoundsSwitch.on, true);
+});
+
+test('a damaged store is kept aside once and the app starts afresh', () => {
+  for (const damaged of ['{not json', '[1,2]', '{"k": ["i", 1.5]}', '{"k": ["x", 1]}', '{"k": ["b", "yes"]}', 'null']) {
+    const storage = new MemoryStorage({ [STORAGE_KEY]: damaged });
+    const lines = [];
+    const settings = new LocalSettings(storage, (l) => lines.push(l));
+    assert.deepEqual(settings.keys(), [], damaged);
+    assert.equal(storage.getItem(STORAGE_KEY + '.damaged'), damaged);
+    assert.equal(storage.getItem(STORAGE_KEY), null);
+    assert.equal(lines.length, 1);
+  }
+  const good = new LocalSettings(new MemoryStorage({ [STORAGE_KEY]: '{"a": ["b", true], "n": ["d", 0.5]}' }), () => {});
+  assert.deepEqual(good.value('a'), ['b', true]);
+  assert.deepEqual(good.value('n'), ['d', 0.5]);
+});
+
+test('a full or refused store keeps every value, says so once and writes them all when it can', () => {
+  const storage = new MemoryStorage();
+  const lines = [];
+  const settings = new LocalSettings(storage, (l) => lines.push(l));
+  storage.full = true;
+  settings.setValue('a', 'i', 1);
+  settings.setValue('b', 's', 'x');
+  assert.equal(lines.length, 1);
+  assert.deepEqual(settings.value('b'), ['s', 'x']);
+  storage.full = false;
+  settings.setValue('c', 'b', false);
+  assert.deepEqual(Object.keys(JSON.parse(storage.getItem(STORAGE_KEY))), ['a', 'b', 'c']);
+
+  const blocked = { getItem() { throw Object.assign(new Error('denied'), { name: 'SecurityError' }); } };
+  const kept = new LocalSettings(blocked, (l) => lines.push(l));
+  kept.setValue('a', 'i', 2);
+  assert.deepEqual(kept.value('a'), ['i', 2]);
+});
+
+test('the page speaks the player\'s first language the app has, else English', () => {
+  const available = ['de', 'en', 'es', 'fr', 'it', 'ru'];
+  for (const [preferred, expected] of [
+    [['de-AT', 'en'], 'de'], [['pt-BR', 'es-MX'], 'es'], [['FR'], 'fr'], [['ja'], 'en'], [[], 'en'],
+    [['ru_RU.UTF-8'], 'ru'], [['x-klingon', 'it'], 'it'],
+  ]) assert.equal(chooseLanguage(preferred, available), expected, preferred.join());
+  const tables = new StringTables({ TunerScreen: { 'Pluck a string': 'Zupf eine Saite' }, Localizable: { empty: '' } });
+  assert.equal(tables.tr('TunerScreen', 'Pluck a string'), 'Zupf eine Saite');
+  assert.equal(tables.tr('TunerScreen', 'Settings'), 'Settings');
+  assert.equal(tables.lookup('Pluck a string', 'Other'), null);
+  assert.equal(tables.lookup('constructor', 'TunerScreen'), null);
+});
+
+// Frequency of a signal by counting rising zero crossings between the first and last.
+function measuredFrequency(x, rate) {
+  const ups = [];
+  for (let i = 1; i < x.length; ++i) if (x[i - 1] < 0 && x[i] >= 0) ups.push(i - x[i] / (x[i] - x[i - 1]));
+  return ((ups.length - 1) * rate) / (ups.at(-1) - ups[0]);
+}
+
+test('the capture worklet\'s resampling keeps a string\'s pitch and level and drops what the tuner cannot hear', () => {
+  for (const rate of [44100, 48000, 96000, 14039]) {
+    const tone = (hz, seconds) => Float32Array.from({ length: Math.round(rate * seconds) }, (_, i) => 0.5 * Math.sin(2 * Math.PI * hz * i / rate));
+    const r = new Resampler(rate, 14039);
+    // Fed in the worklet's 128-frame quanta.
+    const input = tone(440, 1);
+    const parts = [];
+    for (let i = 0; i < input.length; i += 128) parts.push(...r.push(input.subarray(i, i + 128)));
+    const out = Float32Array.from(parts.slice(200));
+    assert.ok(Math.abs(parts.length - 14039) < 40, `${rate}: ${parts.length} samples`);
+    assert.ok(Math.abs(measuredFrequency(out, 14039) - 440) < 0.01, `${rate}: ${measuredFrequency(out, 14039)}`);
+    const peak = Math.max(...out);
+    assert.ok(Math.abs(peak - 0.5) < 0.01, `${rate}: peak ${peak}`);
+    if (rate > 14039 * 2) {
+      // 9 kHz is above the new Nyquist: it must not fold down into the tuner's range.
+      const high = new Resampler(rate, 14039);
+      const folded = Float32Array.from(high.push(tone(9000, 0.5))).slice(200, -200);
+      assert.ok(Math.max(...folded.map(Math.abs)) < 0.01, `${rate}: 9 kHz leaks`);
+    }
+  }
+});
+
+test('blocks are whole, 16-bit and clipped, and each can be handed to another thread', () => {
+  const blocks = [];
+  const b = new Blocker(4);
+  // As the worklet posts them: transferred, which empties the sender's array.
+  const post = (block) => blocks.push(structuredClone(block, { transfer: [block.buffer] }));
+  b.push(Float32Array.from([0, 0.5, -0.5, 1, -1.5, 2 ** -15]), post);
+  b.push(Float32Array.from([0.25, 0.75, 0, 0, 0.5, 0]), post);
+  assert.deepEqual(blocks.map((x) => [...x]), [[0, 16384, -16384, 32767], [-32768, 1, 8192, 24576], [0, 0, 16384, 0]]);
+});
+
+test('microphone errors name what the player can do about them', () => {
+  for (const [name, kind] of [['NotAllowedError', 'refused'], ['SecurityError', 'refused'], ['NotFoundError', 'none'],
+    ['OverconstrainedError', 'none'], ['NotReadableError', 'unavailable'], ['TypeError', 'unsupported']])
+    assert.equal(failureOf({ name }), kind, name);
+  assert.equal(webAddressOf('itms-apps://itunes.apple.com/app/id1'), 'https://itunes.apple.com/app/id1');
+  assert.equal(webAddressOf('https://morvanelabs.example/'), 'https://morvanelabs.example/');
+});

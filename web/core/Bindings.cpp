@@ -1,0 +1,26 @@
+// What the page's JavaScript sees of the core: one class, WebApp.
+#include <emscripten/bind.h>
+
+#include "WebApp.h"
+
+EMSCRIPTEN_BINDINGS(uke) {
+    using uke::web::WebApp;
+    emscripten::class_<WebApp>("WebApp")
+        .constructor<emscripten::val>()
+        .function("start", &WebApp::start)
+        .function("layoutSize", &WebApp::layoutSize)
+        .function("advanceTo", &WebApp::advanceTo)
+        .function("elapsed", &WebApp::elapsed)
+        .function("changes", &WebApp::changes)
+        .function("tunerAction", &WebApp::tunerAction)
+        .function("chordAction", &WebApp::chordAction)
+        .function("openChords", &WebApp::openChords)
+        .function("closeChords", &WebApp::closeChords)
+        .function("alertChosen", &WebApp::alertChosen)
+        .function("deliver", &WebApp::deliver)
+        .function("captureFailed", &WebApp::captureFailed)
+        .function("render", &WebApp::render)
+        .function("frequency", &WebApp::frequency)
+        .function("averagePower", &WebApp::averagePower)
+        .function("peakPower", &WebApp::peakPower);
+}

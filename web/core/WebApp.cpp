@@ -1,0 +1,202 @@
+#include "WebApp.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+
+#include "base/LayoutClass.h"
+#include "base/OutletJson.h"
+#include "chords/ChordsViewController.h"
+#include "tuner/ViewController.h"
+
+using emscripten::val;
+
+namespace uke::web {
+
+namespace {
+
+using TunerAction = std::function<void(ViewController&, double)>;
+
+// The tuner's actions as the page names them: the controller's own names, the one
+// list the views may call.
+const std::map<std::string, TunerAction>& tunerActions() {
+    static const std::map<std::string, TunerAction> actions = {
+        {"showNextTuning", [](ViewController& c, double) { c.showNextTuning(); }},
+        {"showPreviousTuning", [](ViewController& c, double) { c.showPreviousTuning(); }},
+        {"playA440Hz", [](ViewController& c, double) { c.playA440Hz(); }},
+        {"playE329_6", [](ViewController& c, double) { c.playE329_6(); }},
+        {"playC261_6Hz", [](ViewController& c, double) { c.playC261_6Hz(); }},
+        {"playG392Hz", [](ViewController& c, double) { c.playG392Hz(); }},
+        {"stopFreqPlay", [](ViewController& c, double) { c.stopFreqPlay(); }},
+        {"play1stStringSound", [](ViewController& c, double) { c.play1stStringSound(); }},
+        {"play2ndStringSound", [](ViewController& c, double) { c.play2ndStringSound(); }},
+        {"play3rdStringSound", [](ViewController& c, double) { c.play3rdStringSound(); }},
+        {"play4thStringSound", [](ViewController& c, double) { c.play4thStringSound(); }},
+        {"micSensitivity", [](ViewController& c, double v) { c.micSensitivity(static_cast<float>(v)); }},
+        {"setFrequencyValue", [](ViewController& c, double v) { c.setFrequencyValue(v); }},
+        {"soundNotificationAction", [](ViewController& c, double v) { c.soundNotificationAction(v != 0.0); }},
+        {"toggleStringSounds", [](ViewController& c, double v) { c.toggleStringSounds(v != 0.0); }},
+        {"toggleFreqChart", [](ViewController& c, double v) { c.toggleFreqChart(v != 0.0); }},
+        {"reviewQuenby", [](ViewController& c, double) { c.reviewQuenby(); }},
+        {"redirectToMorvaneLabs", [](ViewController& c, double) { c.redirectToMorvaneLabs(); }},
+        {"disableTemporarilySoundConfirmation",
+         [](ViewController& c, double) { c.disableTemporarilySoundConfirmation(); }},
+        {"enableSoundConfirmation", [](ViewController& c, double) { c.enableSoundConfirmation(); }},
+    };
+    return actions;
+}
+
+// Whole, finite and in range, or nothing: the page's numbers come from outside.
+std::optional<long> wholeNumber(double v) {
+    if (!(v >= -2147483648.0 && v <= 2147483647.0) || v != static_cast<double>(static_cast<long>(v)))
+        return std::nullopt;
+    return static_cast<long>(v);
+}
+
+} // namespace
+
+WebApp::WebApp(val host)
+    : ports_(host), attachment_(ports_.capture, ports_.log),
+      app_(std::make_unique<TunerApp>(ports_.services(), *MicListener::sharedListener())), host_(std::move(host)) {}
+
+WebApp::~WebApp() {
+    app_.reset();
+    ports_.output.stop();
+}
+
+std::string WebApp::start() {
+    dirty_ = true;
+    return app_->start([this](const std::string& storyboard) { return host_.call<bool>("buildWindow", storyboard); });
+}
+
+std::string WebApp::layoutSize() const {
+    const DeviceClass shown =
+        nearestLayoutClass(DeviceClass{ports_.device.idiom(), ports_.device.screenHeight(), 0.0});
+    return "{\"width\": " + jsonNumber(shown.width) + ", \"height\": " + jsonNumber(shown.height) + "}";
+}
+
+void WebApp::advanceTo(double seconds) {
+    constexpr double kLongestCatchUp = 0.25;
+    const double behind = seconds - skipped_ - ports_.runLoop.elapsed();
+    if (!(behind > 0.0))
+        return ports_.runLoop.runPending();
+    const uint64_t before = ports_.runLoop.messagesRun();
+    const double run = std::min(behind, kLongestCatchUp);
+    ports_.runLoop.shiftEpoch(behind - run);
+    skipped_ += behind - run;
+    ports_.runLoop.advanceBy(run);
+    dirty_ = dirty_ || ports_.runLoop.messagesRun() != before;
+}
+
+std::string WebApp::changes() {
+    TunerScreenModel& tuner = app_->tunerScreen();
+    if (!dirty_ && !tuner.readoutChanged && flagsShown_["hearing"] == MicListener::sharedListener()->isListening())
+        return {};
+    std::string out;
+    // `walk` visits the outlets to compare.
+    auto section = [&](const char* screen, std::map<std::string, std::string>& last, auto walk) {
+        std::string body;
+        walk([&](const char* name, const auto& outlet) {
+            std::string json = outletJson(outlet);
+            std::string& shown = last[name];
+            if (shown == json)
+                return;
+            body += (body.empty() ? "" : ", ") + jsonQuoted(name) + ": " + json;
+            shown = std::move(json);
+        });
+        if (!body.empty())
+            out += (out.empty() ? "" : ", ") + jsonQuoted(screen) + ": {" + body + "}";
+    };
+    // A tick writes only the read-out; everything else changes through actions and
+    // delayed messages, after which every outlet is compared.
+    if (dirty_) {
+        section("tuner", tunerShown_, [&](auto visit) { tuner.forEachOutlet(visit); });
+        section("chords", chordsShown_, [&](auto visit) { app_->chordScreen().forEachOutlet(visit); });
+    } else {
+        section("tuner", tunerShown_, [&](auto visit) { tuner.forEachReadoutOutlet(visit); });
+    }
+    tuner.readoutChanged = false;
+    dirty_ = false;
+    auto flag = [&](const char* name, bool value) {
+        auto it = flagsShown_.find(name);
+        if (it != flagsShown_.end() && it->second == value)
+            return;
+        flagsShown_[name] = value;
+        out += (out.empty() ? "" : ", ") + jsonQuoted(name) + ": " + (value ? "true" : "false");
+    };
+    flag("hearing", MicListener::sharedListener()->isListening());
+    flag("inTune", tuner.inTune());
+    flag("chordsOpen", app_->chordsOpen());
+    return out.empty() ? std::string{} : "{" + out + "}";
+}
+
+bool WebApp::tunerAction(const std::string& name, double argument) {
+    dirty_ = true;
+    if (name == "didSelectRow") {
+        const auto row = wholeNumber(argument);
+        if (!row)
+            return false;
+        app_->selectLanguage(*row);
+        return true;
+    }
+    const auto it = tunerActions().find(name);
+    if (it == tunerActions().end() || !std::isfinite(argument))
+        return false;
+    it->second(app_->tuner(), argument);
+    return true;
+}
+
+bool WebApp::chordAction(const std::string& name, double tag, double row) {
+    ChordsViewController* chords = app_->chords();
+    if (!chords)
+        return false;
+    dirty_ = true;
+    if (name == "toggleSharpOfFlat") {
+        chords->toggleSharpOfFlat();
+        return true;
+    }
+    const auto t = wholeNumber(tag);
+    const auto r = wholeNumber(row);
+    if (name != "didSelectRow" || !t || !r)
+        return false;
+    chords->didSelectRow(*t, *r);
+    return true;
+}
+
+void WebApp::openChords() {
+    if (!app_->chordsOpen())
+        app_->openChords();
+    dirty_ = true;
+}
+
+void WebApp::closeChords() {
+    if (app_->chordsOpen())
+        app_->closeChords();
+    dirty_ = true;
+}
+
+void WebApp::alertChosen(int index) {
+    ports_.alerts.chosen(index);
+    dirty_ = true;
+}
+
+bool WebApp::deliver(const val& samples) {
+    return ports_.capture.deliver(emscripten::convertJSArrayToNumberVector<int16_t>(samples));
+}
+
+void WebApp::captureFailed(const std::string& reason) {
+    ports_.capture.failed(reason);
+    ports_.log.log("Microphone: " + reason);
+}
+
+val WebApp::render(uint32_t frames) {
+    frames = std::min<uint32_t>(frames, 1u << 16);
+    const int16_t* data = ports_.output.render(frames);
+    return val(emscripten::typed_memory_view(static_cast<size_t>(frames) * 2, data));
+}
+
+double WebApp::frequency() { return MicListener::sharedListener()->frequency(); }
+double WebApp::averagePower() { return MicListener::sharedListener()->averagePower(); }
+double WebApp::peakPower() { return MicListener::sharedListener()->peakPower(); }
+
+} // namespace uke::web

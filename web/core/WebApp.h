@@ -1,0 +1,76 @@
+#pragma once
+#include <emscripten/val.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "WebPorts.h"
+#include "app/TunerApp.h"
+#include "audio/MicListener.h"
+
+namespace uke::web {
+
+// One running app in a page: the core's composition root on the browser's ports.
+// The page drives its clock, hands it captured blocks and the player's actions, and
+// asks after each for what changed on the screens. Nothing here decides anything
+// the app's rules decide; it only carries.
+class WebApp {
+public:
+    explicit WebApp(emscripten::val host);
+    ~WebApp();
+    WebApp(const WebApp&) = delete;
+    WebApp& operator=(const WebApp&) = delete;
+
+    // Start-up: returns the storyboard the window was built from.
+    std::string start();
+    // The size in points of the device class whose layout the window shows (the
+    // nearest one for a viewport of no table), as JSON {"width": w, "height": h}.
+    std::string layoutSize() const;
+
+    // Runs everything due up to the page's clock, `seconds` since the app was made.
+    // A page in the background gets its timers slowed or stopped; on its return the
+    // clock does not replay every missed tick, it runs at most a quarter second of
+    // them and lets the wall clock jump the rest.
+    void advanceTo(double seconds);
+    // The core's own seconds: the page's, less what was jumped.
+    double elapsed() const { return ports_.runLoop.elapsed(); }
+
+    // What changed on the screens since the last call, as JSON:
+    // {"tuner": {outlet: value, ...}, "chords": {...}, "hearing": b, "inTune": b,
+    //  "chordsOpen": b}, with only the keys that changed; "" when nothing did.
+    std::string changes();
+
+    // The player's actions, by the controllers' own names.
+    bool tunerAction(const std::string& name, double argument);
+    bool chordAction(const std::string& name, double tag, double row);
+    void openChords();
+    void closeChords();
+    void alertChosen(int index);
+
+    // The page's worklet hands over one captured block of 16-bit samples.
+    bool deliver(const emscripten::val& samples);
+    void captureFailed(const std::string& reason);
+    // Renders `frames` tone frames and returns them as a view on the module's memory.
+    emscripten::val render(uint32_t frames);
+
+    // The listener's reading of the latest block (the same numbers `uke analyse
+    // --blocks` prints).
+    double frequency();
+    double averagePower();
+    double peakPower();
+
+private:
+    WebPorts ports_;
+    MicListener::Attachment attachment_;
+    std::unique_ptr<TunerApp> app_;
+    emscripten::val host_;
+    // The last JSON of every outlet the page was told.
+    std::map<std::string, std::string> tunerShown_, chordsShown_;
+    std::map<std::string, bool> flagsShown_;
+    bool dirty_ = true;
+    // Page seconds the clock jumped rather than ran.
+    double skipped_ = 0.0;
+};
+
+} // namespace uke::web

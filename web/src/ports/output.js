@@ -1,0 +1,48 @@
+// The reference tone: a worklet at 44100 Hz plays frames the core's render step
+// makes, asking for more before it runs out.
+export const OUTPUT_RATE = 44100;
+
+export class ToneOutput {
+  // `env`: { AudioContext, workletUrl, render(frames) -> Int16Array (interleaved stereo) }
+  constructor(env) {
+    this.env = env;
+    this.context = null;
+    this.playing = false;
+    this.ready = null;
+    // What the worklet last said it played: frames and their level (for tests).
+    this.heard = { frames: 0, rms: 0 };
+  }
+
+  start() {
+    this.playing = true;
+    if (!this.ready) this.ready = this.open();
+    this.ready.then(() => {
+      if (!this.playing) return;
+      this.node.port.postMessage({ play: true });
+      this.context.resume();
+    }, () => {});
+  }
+
+  stop() {
+    this.playing = false;
+    if (this.node) this.node.port.postMessage({ play: false });
+  }
+
+  async open() {
+    const { AudioContext } = this.env;
+    this.context = new AudioContext({ sampleRate: OUTPUT_RATE, latencyHint: 'interactive' });
+    await this.context.audioWorklet.addModule(this.env.workletUrl);
+    this.node = new AudioWorkletNode(this.context, 'uke-tone', { numberOfInputs: 0, outputChannelCount: [2] });
+    this.node.port.onmessage = (e) => {
+      const m = e.data;
+      if (m.need) {
+        // Frames are made only while the tone plays: a stopped tone's phase stays put.
+        if (!this.playing) return;
+        this.node.port.postMessage({ frames: this.env.render(m.need).slice() });
+      } else if (m.heard) {
+        this.heard = m.heard;
+      }
+    };
+    this.node.connect(this.context.destination);
+  }
+}

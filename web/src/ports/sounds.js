@@ -1,0 +1,55 @@
+// The recorded string sounds and the confirmation beep: the same MP3 files as the
+// desktop's, fetched and decoded once, each play a new source on one context.
+export class SoundPlayers {
+  // `env`: { AudioContext, fetch, files: names that exist ("A4.mp3", ...), log }
+  constructor(env) {
+    this.env = env;
+    this.files = new Set(env.files);
+    this.context = null;
+    this.decoded = new Map(); // path -> Promise<AudioBuffer>
+    this.playing = new Map(); // player id -> source node
+    this.failed = new Set();
+  }
+
+  has(path) { return this.files.has(path.split('/').pop()); }
+
+  play(id, path) {
+    if (!this.context) this.context = new this.env.AudioContext();
+    this.context.resume();
+    this.stop(id);
+    const token = {};
+    this.playing.set(id, token);
+    this.buffer(path).then((buffer) => {
+      // Stopped (or played again) while it was still loading.
+      if (this.playing.get(id) !== token) return;
+      const source = this.context.createBufferSource();
+      source.buffer = buffer;
+      source.connect(this.context.destination);
+      source.onended = () => { if (this.playing.get(id) === source) this.playing.delete(id); };
+      this.playing.set(id, source);
+      source.start();
+    }, (e) => {
+      if (!this.failed.has(path)) this.env.log(`Sounds: "${path}" cannot be played (${e.message || e})`);
+      this.failed.add(path);
+      this.playing.delete(id);
+    });
+  }
+
+  stop(id) {
+    const source = this.playing.get(id);
+    this.playing.delete(id);
+    if (source && source.stop) source.stop();
+  }
+
+  buffer(path) {
+    if (!this.decoded.has(path)) {
+      const loading = this.env.fetch(path)
+        .then((r) => { if (!r.ok) throw new Error(`HTTP ${r.status}`); return r.arrayBuffer(); })
+        .then((bytes) => this.context.decodeAudioData(bytes));
+      // A failed load is tried again at the next play (the network may be back).
+      loading.catch(() => this.decoded.delete(path));
+      this.decoded.set(path, loading);
+    }
+    return this.decoded.get(path);
+  }
+}
