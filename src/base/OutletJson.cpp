@@ -75,18 +75,22 @@ std::string outletJson(const Button& o) {
 std::string outletJson(const Switch& o) { return "{\"on\": " + boolText(o.on) + ", " + hiddenField(o.hidden) + "}"; }
 
 std::string outletJson(const Slider& o) {
-    return "{\"value\": " + jsonNumber(o.value) + ", " + hiddenField(o.hidden) + "}";
+    return "{\"value\": " + jsonNumber(o.value) + ", \"minimum\": " + jsonNumber(o.minimum) +
+           ", \"maximum\": " + jsonNumber(o.maximum) + ", " + hiddenField(o.hidden) + "}";
 }
 
 std::string outletJson(const Stepper& o) {
-    return "{\"value\": " + jsonNumber(o.value) + ", " + hiddenField(o.hidden) + "}";
+    return "{\"value\": " + jsonNumber(o.value) + ", \"minimum\": " + jsonNumber(o.minimum) +
+           ", \"maximum\": " + jsonNumber(o.maximum) + ", \"stepValue\": " + jsonNumber(o.stepValue) + ", " +
+           hiddenField(o.hidden) + "}";
 }
 
 std::string outletJson(const Picker& o) {
     std::string rows = "[";
     for (size_t i = 0; i < o.rows.size(); ++i)
         rows += (i ? ", " : "") + jsonQuoted(o.rows[i]);
-    return "{\"value\": " + std::to_string(o.selectedRow) + ", \"rows\": " + rows + "], " + hiddenField(o.hidden) + "}";
+    return "{\"value\": " + std::to_string(o.selectedRow) + ", \"rows\": " + rows + "], \"tag\": " +
+           std::to_string(o.tag) + ", \"scale\": " + jsonNumber(o.scale) + ", " + hiddenField(o.hidden) + "}";
 }
 
 std::string settingJson(const SettingValue& v) {

@@ -15,8 +15,9 @@ std::string jsonNumber(double v);
 
 // JSON text of outlets, for tools and tests that read a screen from outside.
 // Labels carry text, image views image, buttons title (and image when they have
-// one), switches on, sliders, steppers and pickers value (pickers also their
-// rows); every outlet carries hidden.
+// one), switches on; sliders value and range, steppers value, range and step,
+// pickers value, rows, tag and scale: everything a view draws them from. Every
+// outlet carries hidden.
 std::string outletJson(const Label& o);
 std::string outletJson(const ImageView& o);
 std::string outletJson(const Button& o);

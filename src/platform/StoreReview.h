@@ -13,4 +13,13 @@ public:
     virtual void presentStoreSheet(const std::string& appId) = 0;
 };
 
+// Platforms with neither (a desktop, a browser).
+class NoStoreReview : public StoreReview {
+public:
+    bool reviewRequestAvailable() const override { return false; }
+    void requestReview() override {}
+    bool storeSheetAvailable() const override { return false; }
+    void presentStoreSheet(const std::string&) override {}
+};
+
 } // namespace uke

@@ -35,17 +35,17 @@ test('estimates equal the desktop tool\'s, block for block', { skip: !fs.existsS
   }
 });
 
-test('a page back from the background catches up a quarter second, not every missed tick', () => {
+test('a page back from the background catches up a second, not every missed tick', () => {
   const host = recordingHost();
   const app = new core.WebApp(host);
   app.start();
   for (let t = 0.01; t <= 1.0001; t += 0.01) app.advanceTo(t);
   assert.ok(Math.abs(app.elapsed() - 1) < 1e-9);
   app.advanceTo(3601);
-  assert.equal(app.elapsed(), 1.25);
+  assert.equal(app.elapsed(), 2);
   // The wall clock jumped the rest: the next step is an ordinary one.
   app.advanceTo(3601.01);
-  assert.ok(Math.abs(app.elapsed() - 1.26) < 1e-9);
+  assert.ok(Math.abs(app.elapsed() - 2.01) < 1e-9);
   app.delete();
 });
 

@@ -6,7 +6,8 @@ import { StringTables, chooseLanguage } from '../../web/src/ports/strings.js';
 import { Blocker, Resampler } from '../../web/src/ports/resampler.js';
 import { failureOf } from '../../web/src/ports/capture.js';
 import { webAddressOf } from '../../web/src/ports/browser.js';
-import { loadCore, recordingHost } from './support.mjs';
+import path from 'node:path';
+import { TOP, captureRateRecording, loadCore, recordingHost } from './support.mjs';
 
 class MemoryStorage {
   constructor(items = {}) { this.items = new Map(Object.entries(items)); this.full = false; }
@@ -133,4 +134,58 @@ test('microphone errors name what the player can do about them', () => {
     assert.equal(failureOf({ name }), kind, name);
   assert.equal(webAddressOf('itms-apps://itunes.apple.com/app/id1'), 'https://itunes.apple.com/app/id1');
   assert.equal(webAddressOf('https://morvanelabs.example/'), 'https://morvanelabs.example/');
+});
+
+// Timers on a hand-moved clock, counting how often the page would wake.
+class FakeTimers {
+  constructor() { this.t = 0; this.timers = new Map(); this.next = 1; this.wakes = 0; this.performance = { now: () => this.t }; }
+  setTimeout(fn, ms) { this.timers.set(this.next, { at: this.t + ms, fn }); return this.next++; }
+  clearTimeout(id) { this.timers.delete(id); }
+  advance(ms) {
+    const end = this.t + ms;
+    for (;;) {
+      const [id, due] = [...this.timers].sort((a, b) => a[1].at - b[1].at)[0] || [];
+      if (!due || due.at > end) break;
+      this.timers.delete(id);
+      this.t = due.at;
+      ++this.wakes;
+      due.fn();
+    }
+    this.t = end;
+  }
+}
+
+test('the page wakes the core only when something can happen, and shows a block 10 ms after it came', async () => {
+  const core = await loadCore();
+  const { PageClock } = await import('../../web/src/ports/clock.js');
+  const { samples } = captureRateRecording(path.join(TOP, 'resources/sounds/A4.mp3'));
+  const timers = new FakeTimers();
+  const app = new core.WebApp(recordingHost());
+  const shown = [];
+  const clock = new PageClock(app, (c) => shown.push([timers.t, c]), timers);
+  app.start();
+  app.changes();
+  clock.start();
+  timers.advance(5000);
+  assert.equal(timers.wakes, 0, 'a quiet page sleeps');
+  // A block arrives as the worklet would post it.
+  clock.catchUp();
+  app.deliver(samples.subarray(4096, 8192));
+  clock.poke();
+  timers.advance(9);
+  assert.equal(shown.length, 0);
+  timers.advance(1);
+  assert.equal(shown.at(-1)[0], 5010);
+  assert.match(shown.at(-1)[1].tuner.noteDisplay.text, /A/);
+  // The delayed messages the in-tune string and an action leave (the beep's resets,
+  // the rings' removal) wake the page when due, and then it sleeps again: a handful
+  // of wakes in a minute where a 10 ms timer would make six thousand.
+  const wakes = timers.wakes;
+  clock.catchUp();
+  app.tunerAction('showNextTuning', 0);
+  clock.poke();
+  assert.ok(app.nextMessageDue() >= 0);
+  timers.advance(60000);
+  assert.ok(timers.wakes - wakes < 10, `${timers.wakes - wakes} wakes`);
+  app.delete();
 });

@@ -11,6 +11,7 @@ EMSCRIPTEN_BINDINGS(uke) {
         .function("layoutSize", &WebApp::layoutSize)
         .function("advanceTo", &WebApp::advanceTo)
         .function("elapsed", &WebApp::elapsed)
+        .function("nextMessageDue", &WebApp::nextMessageDue)
         .function("changes", &WebApp::changes)
         .function("tunerAction", &WebApp::tunerAction)
         .function("chordAction", &WebApp::chordAction)

@@ -75,8 +75,13 @@ std::string WebApp::layoutSize() const {
     return "{\"width\": " + jsonNumber(shown.width) + ", \"height\": " + jsonNumber(shown.height) + "}";
 }
 
+double WebApp::nextMessageDue() const {
+    const auto due = ports_.runLoop.nextMessageDue();
+    return due ? *due + skipped_ : -1.0;
+}
+
 void WebApp::advanceTo(double seconds) {
-    constexpr double kLongestCatchUp = 0.25;
+    constexpr double kLongestCatchUp = 1.0;
     const double behind = seconds - skipped_ - ports_.runLoop.elapsed();
     if (!(behind > 0.0))
         return ports_.runLoop.runPending();

@@ -29,10 +29,13 @@ public:
     std::string layoutSize() const;
 
     // Runs everything due up to the page's clock, `seconds` since the app was made.
-    // A page in the background gets its timers slowed or stopped; on its return the
-    // clock does not replay every missed tick, it runs at most a quarter second of
-    // them and lets the wall clock jump the rest.
+    // The page moves the clock only when something can happen (a block came, the
+    // player acted, a delayed message is due), and a page in the background gets
+    // its timers slowed or stopped: the ticks missed in between would all draw the
+    // same, so at most a second of them is replayed and the wall clock jumps the rest.
     void advanceTo(double seconds);
+    // The page's seconds at which the next delayed message is due, or -1 for none.
+    double nextMessageDue() const;
     // The core's own seconds: the page's, less what was jumped.
     double elapsed() const { return ports_.runLoop.elapsed(); }
 

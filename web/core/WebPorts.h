@@ -121,15 +121,6 @@ private:
     emscripten::val host_;
 };
 
-// A browser has neither the platform's review request nor an in-app store sheet.
-class NoStoreReview : public StoreReview {
-public:
-    bool reviewRequestAvailable() const override { return false; }
-    void requestReview() override {}
-    bool storeSheetAvailable() const override { return false; }
-    void presentStoreSheet(const std::string&) override {}
-};
-
 class HostAlertPresenter : public AlertPresenter {
 public:
     explicit HostAlertPresenter(emscripten::val alert) : alert_(std::move(alert)) {}
@@ -168,7 +159,7 @@ struct WebPorts {
     HostSoundPlayerFactory sounds;
     HostUrlOpener urls;
     HostNetworkProbe network;
-    NoStoreReview storeReview;
+    NoStoreReview storeReview; // a browser has neither a review request nor a store sheet
     HostAlertPresenter alerts;
     HostIdleTimer idleTimer;
     std::string resourcePath;

@@ -43,7 +43,7 @@ async function boot() {
   const core = await createUkeCore();
   document.documentElement.lang = language;
 
-  let app = null, views = null;
+  let app = null, views = null, clock = null;
   const show = (changes) => { if (changes) views.apply(JSON.parse(changes)); };
   const say = (kind) => views && views.say(kind ? strings.tr('WebPage', MESSAGES[kind]) : null);
 
@@ -52,11 +52,17 @@ async function boot() {
     AudioContext: window.AudioContext || window.webkitAudioContext,
     workletUrl: 'ports/capture-worklet.js',
     whenTouched: firstTouch,
-    onBlock: (block) => app.deliver(block),
+    onBlock: (block) => {
+      clock.catchUp();
+      app.deliver(block);
+      clock.poke();
+    },
     onFailure: (kind, detail) => {
+      clock.catchUp();
       app.captureFailed(`${kind} (${detail})`);
       say(kind);
       show(app.changes());
+      clock.poke();
     },
   });
   const output = new ToneOutput({
@@ -93,7 +99,12 @@ async function boot() {
     keepAwake: (on) => light.set(on),
     buildWindow: (storyboard) => {
       const size = JSON.parse(app.layoutSize());
-      const act = (fn) => (...args) => { fn(...args); show(app.changes()); };
+      const act = (fn) => (...args) => {
+        clock.catchUp();
+        fn(...args);
+        show(app.changes());
+        clock.poke();
+      };
       views = createViews(document.getElementById('app'), {
         storyboard,
         layout: { ...layouts[storyboard], name: storyboard, width: size.width, height: size.height },
@@ -111,9 +122,9 @@ async function boot() {
     },
   };
   app = new core.WebApp(host);
+  clock = new PageClock(app, (changes) => views.apply(changes));
   app.start();
   show(app.changes());
-  const clock = new PageClock(app, (changes) => views.apply(changes));
   clock.start();
   // For the browser tests and the curious: the running app's parts.
   window.uke = { app, views, capture, output, sounds, clock, language, readyAt: performance.now() };

@@ -42,4 +42,11 @@ void VirtualRunLoop::advanceTo(double seconds) {
     nowUs_ = target;
 }
 
+std::optional<double> VirtualRunLoop::nextMessageDue() const {
+    for (const auto& [when, entry] : queue_)
+        if (entry.intervalUs == 0)
+            return static_cast<double>(std::get<0>(when)) * 1e-6;
+    return std::nullopt;
+}
+
 } // namespace uke

@@ -1,6 +1,7 @@
 #pragma once
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <tuple>
 
 #include "platform/RunLoop.h"
@@ -33,6 +34,10 @@ public:
     // Delayed messages run so far (timers' firings not counted): a front end that
     // drives the clock compares every outlet only after one of them ran.
     uint64_t messagesRun() const { return messagesRun_; }
+    // Seconds after the start when the next delayed message is due (timers not
+    // counted), or nothing: a front end that moves the clock only when something
+    // can happen wakes for it.
+    std::optional<double> nextMessageDue() const;
 
 private:
     struct Entry {

@@ -70,11 +70,13 @@ export class Capture {
     const { AudioContext } = this.env;
     let context = null, source = null;
     try {
-      context = new AudioContext({ sampleRate: CAPTURE_RATE });
+      // Blocks are 0.29 s long: the larger buffers of a 'playback' context cost
+      // the reading nothing noticeable and wake the audio thread far less often.
+      context = new AudioContext({ sampleRate: CAPTURE_RATE, latencyHint: 'playback' });
       source = context.createMediaStreamSource(this.stream);
     } catch {
       if (context) context.close();
-      context = new AudioContext();
+      context = new AudioContext({ latencyHint: 'playback' });
       source = context.createMediaStreamSource(this.stream);
     }
     await context.audioWorklet.addModule(this.env.workletUrl);

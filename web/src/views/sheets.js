@@ -1,0 +1,322 @@
+import { el, fill, outletText, setStyle } from './dom.js';
+import { createWheel } from './wheel.js';
+
+// A panel over the tuner screen: it slides up from the bottom on a phone and sits
+// centred on a pad. Closing it leaves the tuner as it was; content taller than
+// the screen scrolls inside the card.
+function createSheet(v, { title, name, onClose }) {
+  const { lay, W, H, u } = v;
+  const topRoom = lay.topInset || 20;
+  const bottomRoom = v.pad ? topRoom : 0;
+  const width = Math.min(W, lay.sheetWidth || W);
+  const sheet = { isOpen: false, width: width - 32 * u };
+  let opener = null;
+
+  const done = el('button', {
+    type: 'button', class: 'sheet-done', 'data-name': 'sheetDone', text: v.ctx.tr('Sheet', 'Done'),
+    style: { right: 16 * u, fontSize: 16 * u }, onclick: () => sheet.close(),
+  });
+  const header = el('div', { class: 'sheet-header', style: { height: 52 * u } },
+    v.pad ? null : el('div', { class: 'grabber', style: { top: 6 * u, width: 36 * u, height: 5 * u, marginLeft: -18 * u } }),
+    el('div', { class: 'sheet-title', text: title, style: { fontSize: 18 * u } }),
+    done);
+  sheet.body = el('div', { class: 'sheet-body' });
+  const scroller = el('div', {
+    class: 'sheet-scroller',
+    style: { padding: `${16 * u}px ${16 * u}px ${16 * u + (lay.bottomInset || 0)}px` },
+  }, sheet.body);
+  const card = el('div', {
+    class: 'sheet-card', role: 'dialog', 'aria-modal': 'true', 'aria-label': title, tabindex: '-1',
+    style: { width, maxHeight: H - topRoom - bottomRoom, borderRadius: 18 * u },
+  }, header, scroller);
+  // Tapping beside the card closes it, as Done and Escape do.
+  const backdrop = el('div', { class: 'backdrop', onclick: () => sheet.close() });
+  sheet.el = el('div', { class: `sheet ${v.pad ? 'pad' : 'phone'}`, 'data-name': name, style: { '--stage-height': H } }, backdrop, card);
+
+  sheet.open = () => {
+    if (sheet.isOpen) return;
+    sheet.isOpen = true;
+    opener = document.activeElement;
+    sheet.el.classList.add('open');
+    scroller.scrollTop = 0;
+    v.update();
+    done.focus({ preventScroll: true });
+  };
+  sheet.close = () => {
+    if (!sheet.isOpen) return;
+    sheet.isOpen = false;
+    sheet.el.classList.remove('open');
+    v.update();
+    onClose?.();
+    if (opener?.isConnected && sheet.el.contains(document.activeElement)) opener.focus({ preventScroll: true });
+  };
+  return sheet;
+}
+
+// The settings panel: sensitivity, calibration, the three switches and the
+// note-naming picker. Every control shows the tuner's outlet and sends its
+// action; the controller decides what the value becomes.
+export function createSettings(v) {
+  const { ctx, lay, u } = v;
+  const tr = (s) => ctx.tr('SettingsSheet', s);
+  const o = (name) => v.state.tuner[name] || {};
+  const sheet = createSheet(v, { title: tr('Settings'), name: 'settingsSheet' });
+  const font = lay.labelFont || 16, small = lay.smallFont || 12;
+  const rowHeight = Math.max(44 * u, font * 2.75);
+  const inset = 14 * u;
+
+  const group = (...rows) => el('div', { class: 'group', style: { borderRadius: 12 * u } }, ...rows);
+  const caption = (name) => outletText(v, 'tuner', name, 'div', { class: 'caption', style: { fontSize: font } });
+  // A caption's row sits on the row below it, as grouped settings do on a phone.
+  const captionRow = (...children) => el('div', { class: 'caption-row', style: { height: rowHeight * 0.8, padding: `0 ${inset}px` } }, ...children);
+  const row = (right, ...children) => el('div', { class: 'row', style: { height: rowHeight, padding: `0 ${right}px 0 ${inset}px`, gap: 8 * u } }, ...children);
+
+  // Microphone sensitivity: the slider's raw position goes to the controller on
+  // release; the controller snaps it to a whole step.
+  const range = () => [o('micSensitivitySlider').minimum, o('micSensitivitySlider').maximum];
+  const slider = el('input', { type: 'range', step: 'any', 'data-outlet': 'micSensitivitySlider' });
+  const stepShown = el('div', { class: 'step-value', style: { fontSize: font } });
+  const lowEnd = el('div', { class: 'range-end', style: { fontSize: small } });
+  const highEnd = el('div', { class: 'range-end', style: { fontSize: small } });
+  const fillBar = el('div', { class: 'slider-fill' });
+  const ticks = el('div', { class: 'slider-ticks' });
+  const showSlider = () => {
+    const [lo, hi] = [Number(slider.min), Number(slider.max)];
+    const value = Number(slider.value);
+    stepShown.textContent = Math.round(value);
+    fillBar.style.width = `${hi > lo ? ((value - lo) / (hi - lo)) * 100 : 0}%`;
+  };
+  const syncSlider = () => {
+    const [lo, hi] = range();
+    if (slider.min !== String(lo) || slider.max !== String(hi)) {
+      slider.min = lo; slider.max = hi;
+      lowEnd.textContent = lo; highEnd.textContent = hi;
+      ticks.replaceChildren(...Array.from({ length: Math.max(0, Math.round(hi - lo) + 1) }, () => el('i')));
+    }
+    slider.value = o('micSensitivitySlider').value ?? lo;
+    showSlider();
+  };
+  const sendSlider = (value) => {
+    ctx.tuner('micSensitivity', value);
+    // Show what the controller made of it, even when that equals the old value.
+    syncSlider();
+  };
+  slider.addEventListener('input', showSlider);
+  slider.addEventListener('change', () => sendSlider(Number(slider.value)));
+  // Keys move whole steps: a fraction of one would snap straight back.
+  slider.addEventListener('keydown', (e) => {
+    const [lo, hi] = range();
+    const now = Math.round(Number(slider.value));
+    const to = { ArrowLeft: now - 1, ArrowDown: now - 1, ArrowRight: now + 1, ArrowUp: now + 1, Home: lo, End: hi }[e.key];
+    if (to === undefined) return;
+    e.preventDefault();
+    e.stopPropagation();
+    sendSlider(Math.max(lo, Math.min(hi, to)));
+  });
+  const sliderRow = row(inset, lowEnd,
+    el('div', { class: 'slider', style: { '--thumb': 28 * u, '--track': 4 * u } },
+      el('div', { class: 'slider-track' }, fillBar), ticks, slider),
+    highEnd);
+  setStyle(ticks, { '--tick-width': 2 * u, '--tick-height': 8 * u });
+  v.watch('tuner', 'micSensitivitySlider', (out) => { sliderRow.hidden = !!out.hidden; syncSlider(); });
+  v.watch('tuner', 'micSensitivityLabel', (out) => slider.setAttribute('aria-label', out.text));
+
+  // Calibration: the caption over the read-out and a stepper of whole hertz.
+  const stepperOutlet = () => o('setFrequencyValueStepper');
+  const stepButtons = [-1, 1].map((direction) => {
+    const b = el('button', {
+      type: 'button', class: 'stepper-button', 'data-name': direction < 0 ? 'stepperMinus' : 'stepperPlus',
+      'aria-label': tr(direction < 0 ? 'Calibration down' : 'Calibration up'),
+      text: direction < 0 ? '−' : '+', style: { fontSize: font * 1.3, borderRadius: 8 * u },
+    });
+    // The controller keeps the value within the stepper's range.
+    const step = () => {
+      const s = stepperOutlet();
+      ctx.tuner('setFrequencyValue', s.value + direction * s.stepValue);
+    };
+    // Holding a button keeps stepping, as a phone's stepper does.
+    let timer = 0, ticks = 0;
+    const release = () => { clearInterval(timer); timer = 0; };
+    b.addEventListener('pointerdown', (e) => {
+      if (e.button !== 0) return;
+      step();
+      ticks = 0;
+      release();
+      timer = setInterval(() => { if (++ticks > 3) step(); }, 110);
+    });
+    for (const end of ['pointerup', 'pointercancel', 'pointerleave', 'blur']) b.addEventListener(end, release);
+    b.addEventListener('click', (e) => { if (e.detail === 0) step(); });   // keys and screen readers
+    b.direction = direction;
+    return b;
+  });
+  const stepper = el('div', {
+    class: 'stepper', 'data-outlet': 'setFrequencyValueStepper', role: 'group',
+    style: { width: 96 * u, height: 32 * u, borderRadius: 8 * u },
+  }, stepButtons[0], el('div', { class: 'stepper-divider' }), stepButtons[1]);
+  v.watch('tuner', 'setFrequencyValueStepper', (out) => {
+    stepper.hidden = !!out.hidden;
+    const s = stepperOutlet();
+    for (const b of stepButtons) {
+      const atEnd = b.direction < 0 ? s.value - s.stepValue < s.minimum : s.value + s.stepValue > s.maximum;
+      b.classList.toggle('at-end', atEnd);
+    }
+  });
+  v.watch('tuner', 'calibrationLabel', (out) => stepper.setAttribute('aria-label', out.text));
+
+  // A caption with an on/off switch at the right end of the row.
+  const switchRow = (name, captionName, action) => {
+    const knob = el('span', { class: 'knob' });
+    const toggle = el('button', {
+      type: 'button', role: 'switch', class: 'switch', 'data-outlet': name, 'aria-checked': 'false',
+      style: { width: 51 * u, height: 31 * u, '--knob': 27 * u, '--pad': 2 * u, '--travel': 20 * u },
+      onclick: () => {
+        ctx.tuner(action, o(name).on ? 0 : 1);
+        toggle.setAttribute('aria-checked', String(!!o(name).on));
+      },
+    }, knob);
+    const r = el('div', { class: 'row switch-row', style: { height: rowHeight, padding: `0 ${10 * u}px 0 ${inset}px`, gap: 8 * u } },
+      caption(captionName), toggle);
+    v.watch('tuner', name, (out) => { toggle.setAttribute('aria-checked', String(!!out.on)); r.hidden = !!out.hidden; });
+    v.watch('tuner', captionName, (out) => toggle.setAttribute('aria-label', out.text));
+    return r;
+  };
+  const separator = () => el('div', { class: 'separator', style: { marginLeft: inset } });
+
+  // The note-naming picker. A row counts as chosen when the wheel comes to rest
+  // on it or when it is tapped.
+  const wheelHeight = lay.pickerHeight || 180;
+  const wheel = createWheel({
+    label: tr('Note names'),
+    height: wheelHeight,
+    props: { 'data-outlet': 'establecerIdioma' },
+    paint: (option, d, current) => {
+      const near = Math.abs(d) < 0.5;
+      option.style.opacity = 1 - Math.min(0.8, Math.abs(d) / 2.5);
+      option.style.fontSize = `${Math.round(font * (near ? 1.05 : 0.95))}px`;
+      option.classList.toggle('near', near);
+    },
+    onChoose: (row) => { if (row !== o('establecerIdioma').value) ctx.tuner('didSelectRow', row); },
+  });
+  const band = el('div', { class: 'band', style: { left: 8 * u, right: 8 * u, borderRadius: 8 * u } });
+  const picker = el('div', { class: 'picker' }, band, wheel.el);
+  const pickerGroup = group(
+    el('div', { class: 'caption-row', style: { height: rowHeight * 0.8, padding: `0 ${inset}px` } },
+      el('div', { class: 'caption', 'data-name': 'noteNamesCaption', text: tr('Note names'), style: { fontSize: font } })),
+    picker);
+  setStyle(wheel.el, { padding: `0 ${12 * u}px` });
+  // Some device classes shrink the wheel; its rows keep the panel's type size.
+  const sizePicker = (scale) => {
+    const h = wheelHeight * scale;
+    setStyle(picker, { height: h });
+    setStyle(band, { height: h / 5, marginTop: -h / 10 });
+    wheel.setHeight(h);
+  };
+  sizePicker(1);
+  v.watch('tuner', 'establecerIdioma', (out) => {
+    sizePicker(out.scale || 1);
+    pickerGroup.hidden = !!out.hidden;
+    wheel.setRows(out.rows || []);
+    wheel.show(out.value ?? 0);
+  });
+
+  sheet.body.append(el('div', { class: 'column', style: { gap: 16 * u } },
+    group(captionRow(caption('micSensitivityLabel'), stepShown), sliderRow),
+    group(
+      captionRow(caption('calibrationLabel')),
+      row(10 * u,
+        el('div', { class: 'calibration' },
+          outletText(v, 'tuner', 'calibrationFrequencyValue', 'span', { class: 'calibration-value', style: { fontSize: font * 1.35 } }),
+          outletText(v, 'tuner', 'hZLabel', 'span', { style: { fontSize: font, marginLeft: 6 * u } })),
+        stepper)),
+    group(
+      switchRow('soundNotificationSwitch', 'soundNotificationLabel', 'soundNotificationAction'), separator(),
+      switchRow('stringSoundsSwitch', 'stringSoundsLabel', 'toggleStringSounds'), separator(),
+      switchRow('freqChartSwitch', 'frequencyChartLabel', 'toggleFreqChart')),
+    pickerGroup));
+  syncSlider();
+  return sheet;
+}
+
+// The about panel: two texts from the string tables, a button that asks for a
+// rating and one that opens the maker's site.
+export function createAbout(v) {
+  const { ctx, lay, u } = v;
+  const tr = (s) => ctx.tr('AboutSheet', s);
+  const sheet = createSheet(v, { title: tr('About'), name: 'aboutSheet' });
+  const font = lay.labelFont || 16;
+  const text = (name, props) => outletText(v, 'tuner', name, 'div', { class: 'about-text', ...props });
+  const button = (name, caption, primary, action) => el('button', {
+    type: 'button', class: `panel-button${primary ? ' primary' : ''}`, 'data-name': name, text: caption,
+    style: { height: Math.max(46 * u, font * 2.8), fontSize: font, borderWidth: 1.5 * u, padding: `0 ${12 * u}px` },
+    onclick: () => ctx.tuner(action),
+  });
+  sheet.body.append(el('div', { class: 'column', style: { gap: 14 * u } },
+    el('img', { class: 'about-icon', alt: '', src: ctx.art('tuning_fork.png'), style: { width: 64 * u, height: 64 * u } }),
+    el('div', { class: 'about-title', text: tr('Ukulele Tuner'), style: { fontSize: lay.titleFont || 21 } }),
+    text('aboutCongratsMessage', { style: { fontSize: font } }),
+    text('aboutMsg2', { class: 'about-text muted', style: { fontSize: font * 0.9 } }),
+    el('div', { style: { height: 4 * u } }),
+    button('reviewButton', tr('Rate the app'), true, 'reviewQuenby'),
+    button('makerButton', tr('Visit the maker'), false, 'redirectToMorvaneLabs')));
+  return sheet;
+}
+
+// The tuning fork: a reference tone for each string of the selected tuning, and a
+// button that silences it. The buttons are titled by the note-naming code.
+export function createTuningFork(v) {
+  const { ctx, lay, u } = v;
+  const tr = (s, ...args) => fill(ctx.tr('TuningForkSheet', s), ...args);
+  const o = (name) => v.state.tuner[name] || {};
+  const sheet = createSheet(v, {
+    title: tr('Tuning Fork'), name: 'tuningForkSheet',
+    onClose: () => ctx.tuner('enableSoundConfirmation'),
+  });
+  const spacing = lay.margin * 0.75;
+
+  // What is sounding: the note and its exact frequency.
+  const note = el('div', { class: 'fork-note', 'data-outlet': 'tfnoteDisplay', style: { fontSize: lay.noteFont * 0.8 } });
+  const freq = el('div', { class: 'fork-freq', 'data-outlet': 'tfFreqLabel', style: { fontSize: lay.freqFont * 0.8 } });
+  v.watch('tuner', 'tfnoteDisplay', (out) => { note.textContent = out.text || '–'; note.hidden = !!out.hidden; });
+  v.watch('tuner', 'tfFreqLabel', (out) => {
+    freq.textContent = out.text || tr('Tap a string');
+    freq.classList.toggle('idle', !out.text);
+    freq.hidden = !!out.hidden;
+  });
+
+  // One button per string, string 4 on the left as the strings lie on the head.
+  const names = ['g4TFButton', 'c4TFButton', 'e4TFButton', 'a4TFButton'];
+  const actions = ['playG392Hz', 'playC261_6Hz', 'playE329_6', 'playA440Hz'];
+  const size = Math.min(lay.toolbarHeight * 1.15, (sheet.width - 3 * lay.margin * 0.5) / 4);
+  const fit = (label, room) => {
+    label.style.fontSize = `${lay.labelFont}px`;
+    const wide = label.scrollWidth;
+    if (wide > room) label.style.fontSize = `${Math.max(8, Math.floor((lay.labelFont * room) / wide))}px`;
+  };
+  const buttons = names.map((name, i) => {
+    const label = el('span');
+    const b = el('button', {
+      type: 'button', class: 'fork-button', 'data-outlet': name, onclick: () => ctx.tuner(actions[i]),
+      style: { width: size, height: size, borderWidth: 2 * u },
+    }, label);
+    v.watch('tuner', name, (out) => {
+      label.textContent = out.title;
+      b.setAttribute('aria-label', tr('Play %1', out.title));
+      b.hidden = !!out.hidden;
+      fit(label, size - 8 * u);
+    });
+    return b;
+  });
+  sheet.playString = (n) => {
+    if (!o(names[4 - n]).hidden) ctx.tuner(actions[4 - n]);
+  };
+
+  sheet.body.append(el('div', { class: 'column', style: { gap: spacing } },
+    el('div', { class: 'fork-readout', style: { height: lay.readoutHeight * 0.8, borderRadius: 14 * u, gap: 2 * u } }, note, freq),
+    el('div', { class: 'fork-row', style: { gap: lay.margin * 0.5 } }, ...buttons),
+    el('button', {
+      type: 'button', class: 'stop-button', 'data-name': 'stopFreqPlayButton', text: tr('Stop'),
+      style: { width: Math.min(sheet.width, 200 * u), height: lay.labelFont * 2.2, fontSize: lay.labelFont, borderWidth: 2 * u },
+      onclick: () => ctx.tuner('stopFreqPlay'),
+    })));
+  return sheet;
+}
