@@ -11,7 +11,7 @@ BUILD=${WEB_BUILD_DIR:-build-web}
 SUDO=""
 [ "$(id -u)" -ne 0 ] && SUDO="sudo"
 need=()
-for p in emscripten python3 cmake ninja-build librsvg2-bin; do
+for p in emscripten python3 cmake ninja-build librsvg2-bin dpkg-dev xz-utils; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || need+=("$p")
 done
 # The machine may already have a newer Node.js of its own; Debian's is enough otherwise.
