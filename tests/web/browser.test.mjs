@@ -7,7 +7,7 @@ import os from 'node:os';
 import path from 'node:path';
 import { after, before, test } from 'node:test';
 import puppeteer from 'puppeteer-core';
-import { DIST, TOP } from './support.mjs';
+import { DIST, TOP, UKE, captureRateRecording } from './support.mjs';
 
 const CHROMIUM = process.env.CHROMIUM || '/usr/bin/chromium';
 const PHONE = { width: 390, height: 844, deviceScaleFactor: 2, isMobile: true, hasTouch: true };
@@ -150,6 +150,29 @@ test('the tuning arrows, a chord on the wheels and a tuning-fork tone', async ()
     // The worklet reports what it played: a tone at the level the core renders it.
     await until('tone heard', () => page.evaluate(() => window.uke.output.heard.rms > 0.05));
     assert.deepEqual(page.errors, []);
+  } finally {
+    await browser.close();
+  }
+});
+
+test('the page\'s estimates equal the desktop tool\'s, block for block', { skip: !fs.existsSync(UKE) && `no ${UKE}` }, async () => {
+  const { wav, samples } = captureRateRecording(path.join(TOP, 'resources/sounds/C4.mp3'), scratch);
+  const desktop = execFileSync(UKE, ['analyse', wav, '--blocks', '--format', 'json'], { encoding: 'utf8' })
+    .trim().split('\n').map((line) => JSON.parse(line).frequency.toFixed(4));
+  const browser = await launch(null);
+  try {
+    const page = await open(browser);
+    // The running app's own listener, handed the blocks as the capture worklet would.
+    const estimates = await page.evaluate((samples) => {
+      const all = Int16Array.from(samples);
+      const out = [];
+      for (let at = 0; at < all.length; at += 4096) {
+        window.uke.app.deliver(all.subarray(at, at + 4096));
+        out.push(window.uke.app.frequency().toFixed(4));
+      }
+      return out;
+    }, [...samples]);
+    assert.deepEqual(estimates, desktop);
   } finally {
     await browser.close();
   }
