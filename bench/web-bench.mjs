@@ -61,16 +61,12 @@ for (let i = 0; i < 5; ++i) {
 starts.sort((a, b) => a - b);
 console.log(`first screen: median ${starts[2].toFixed(0)} ms (${starts.map((s) => s.toFixed(0)).join(', ')}), target under 1000 ms`);
 
-// 3. CPU while tuning: every Chromium process, (utime + stime) over wall time.
+// 3. CPU while tuning: every Chromium process, (utime + stime) over wall time,
+//    for the app and for a bare capture page (the microphone into a context at
+//    the capture rate and a worklet that does nothing), the browser's own price
+//    of listening, as bench/app-cpu.sh measures the desktop against a bare parecord.
 const pluck = path.join(scratch, 'pluck-every-2s.wav');
 execFileSync('sox', [path.join(TOP, 'resources/sounds/A4.mp3'), '-r', '48000', '-c', '1', '-b', '16', pluck, 'trim', '0', '2', 'pad', '0', '0']);
-const browser = await launch(['--use-fake-ui-for-media-stream', '--use-fake-device-for-media-stream', `--use-file-for-fake-audio-capture=${pluck}`]);
-const page = await browser.newPage();
-await page.setViewport({ width: 390, height: 844, deviceScaleFactor: 3, isMobile: true, hasTouch: true });
-await page.goto(origin);
-await page.waitForSelector('body[data-ready]');
-await page.touchscreen.tap(195, 600);
-await new Promise((r) => setTimeout(r, 5000));
 
 function tree(root) {
   const all = fs.readdirSync('/proc').filter((d) => /^\d+$/.test(d));
@@ -86,25 +82,55 @@ function cpu(pids) {
   for (const pid of pids) {
     try {
       const f = fs.readFileSync(`/proc/${pid}/stat`, 'utf8').split(') ')[1].split(' ');
-      const type = (fs.readFileSync(`/proc/${pid}/cmdline`, 'utf8').match(/--type=([\w-]+)/) || [, 'browser'])[1];
-      const service = (fs.readFileSync(`/proc/${pid}/cmdline`, 'utf8').match(/--utility-sub-type=([\w.]+)/) || [, ''])[1];
+      const cmdline = fs.readFileSync(`/proc/${pid}/cmdline`, 'utf8');
+      const type = (cmdline.match(/--type=([\w-]+)/) || [, 'browser'])[1];
+      const service = (cmdline.match(/--utility-sub-type=([\w.]+)/) || [, ''])[1];
       const name = service ? `${type} (${service.split('.').pop()})` : type;
       out[name] = (out[name] || 0) + (Number(f[11]) + Number(f[12])) / HZ;
     } catch { /* gone */ }
   }
   return out;
 }
-const pids = tree(browser.process().pid);
-const before = cpu(pids), t0 = Date.now();
-await new Promise((r) => setTimeout(r, seconds * 1000));
-const after = cpu(pids), wall = (Date.now() - t0) / 1000;
-const lit = await page.evaluate(() => document.querySelector('[data-outlet="LEDDisplay"]').getAttribute('src'));
-let total = 0;
-for (const name of Object.keys(after)) {
-  const share = (after[name] - (before[name] || 0)) / wall;
-  total += share;
-  console.log(`  ${name.padEnd(22)} ${(100 * share).toFixed(1)} %`);
+
+async function measure(label, setUp) {
+  const browser = await launch(['--use-fake-ui-for-media-stream', '--use-fake-device-for-media-stream', `--use-file-for-fake-audio-capture=${pluck}`]);
+  const page = await browser.newPage();
+  await page.setViewport({ width: 390, height: 844, deviceScaleFactor: 3, isMobile: true, hasTouch: true });
+  const note = await setUp(page);
+  await new Promise((r) => setTimeout(r, 5000));
+  const pids = tree(browser.process().pid);
+  const before = cpu(pids), t0 = Date.now();
+  await new Promise((r) => setTimeout(r, seconds * 1000));
+  const after = cpu(pids), wall = (Date.now() - t0) / 1000;
+  let total = 0;
+  const parts = [];
+  for (const name of Object.keys(after)) {
+    const share = (after[name] - (before[name] || 0)) / wall;
+    total += share;
+    if (share >= 0.001) parts.push(`${name} ${(100 * share).toFixed(1)}`);
+  }
+  console.log(`${label.padEnd(16)} ${(100 * total).toFixed(1)} % of a core over ${wall.toFixed(0)} s (${parts.join(', ')})${await note()}`);
+  await browser.close();
+  return total;
 }
-console.log(`cpu while tuning: ${(100 * total).toFixed(1)} % of one core over ${wall.toFixed(0)} s (lamp ${lit.split('/').pop()}); compare bench/app-cpu.sh`);
-await browser.close();
+
+const bare = await measure('bare capture', async (page) => {
+  await page.goto(`${origin}/build.json`);
+  await page.evaluate(async () => {
+    const stream = await navigator.mediaDevices.getUserMedia({ audio: { echoCancellation: false, noiseSuppression: false, autoGainControl: false } });
+    const context = new AudioContext({ sampleRate: 14039, latencyHint: 'playback' });
+    const code = "registerProcessor('idle', class extends AudioWorkletProcessor { process() { return true; } });";
+    await context.audioWorklet.addModule(URL.createObjectURL(new Blob([code], { type: 'text/javascript' })));
+    context.createMediaStreamSource(stream).connect(new AudioWorkletNode(context, 'idle', { numberOfOutputs: 0 }));
+    window.keep = { stream, context };
+  });
+  return async () => '';
+});
+const app = await measure('app, tuning', async (page) => {
+  await page.goto(origin);
+  await page.waitForSelector('body[data-ready]');
+  await page.touchscreen.tap(195, 600);
+  return async () => `; lamp ${(await page.evaluate(() => document.querySelector('[data-outlet="LEDDisplay"]').getAttribute('src'))).split('/').pop()}`;
+});
+console.log(`cpu while tuning: ${(app / bare).toFixed(2)} x the bare capture page; the desktop's figure: bench/app-cpu.sh`);
 server.kill();

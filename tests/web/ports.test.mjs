@@ -189,3 +189,55 @@ test('the page wakes the core only when something can happen, and shows a block 
   assert.ok(timers.wakes - wakes < 10, `${timers.wakes - wakes} wakes`);
   app.delete();
 });
+
+test('sounds: one decode per file, a stop before the file has loaded plays nothing, an idle context sleeps', async () => {
+  const { SoundPlayers } = await import('../../web/src/ports/sounds.js');
+  const events = [];
+  class FakeContext {
+    constructor() { this.destination = {}; }
+    resume() { events.push('resume'); }
+    suspend() { events.push('suspend'); }
+    decodeAudioData(bytes) { events.push(`decode ${bytes.byteLength}`); return Promise.resolve({ bytes }); }
+    createBufferSource() {
+      const source = { connect() {}, start: () => events.push('start'), stop: () => { events.push('stop'); source.onended(); } };
+      return source;
+    }
+  }
+  let fail = true;
+  const lines = [];
+  const fetches = [];
+  const players = new SoundPlayers({
+    AudioContext: FakeContext,
+    files: ['A4.mp3', 'beep-full.mp3'],
+    log: (l) => lines.push(l),
+    fetch: (path) => {
+      fetches.push(path);
+      return Promise.resolve(fail ? { ok: false, status: 404 } : { ok: true, arrayBuffer: () => Promise.resolve(new ArrayBuffer(8)) });
+    },
+  });
+  const settle = () => new Promise((r) => setTimeout(r, 0));
+  assert.equal(players.has('sounds/A4.mp3'), true);
+  assert.equal(players.has('sounds/B9.mp3'), false);
+  // The server lacks the file: said once, and tried again at the next play.
+  players.play(1, 'sounds/A4.mp3');
+  await settle();
+  players.play(1, 'sounds/A4.mp3');
+  await settle();
+  assert.equal(lines.length, 1);
+  assert.equal(fetches.length, 2);
+  fail = false;
+  events.length = 0;
+  players.play(2, 'sounds/beep-full.mp3');
+  players.stop(2);
+  await settle();
+  assert.ok(!events.includes('start'), events.join());
+  players.play(3, 'sounds/beep-full.mp3');
+  await settle();
+  players.play(4, 'sounds/beep-full.mp3');
+  await settle();
+  assert.equal(events.filter((e) => e.startsWith('decode')).length, 1);
+  players.stop(3);
+  assert.notEqual(events.at(-1), 'suspend', 'another sound still plays');
+  players.stop(4);
+  assert.equal(events.at(-1), 'suspend');
+});

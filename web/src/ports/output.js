@@ -25,7 +25,10 @@ export class ToneOutput {
 
   stop() {
     this.playing = false;
-    if (this.node) this.node.port.postMessage({ play: false });
+    if (!this.node) return;
+    this.node.port.postMessage({ play: false });
+    // A running context keeps the audio thread and the device busy even in silence.
+    this.context.suspend();
   }
 
   async open() {

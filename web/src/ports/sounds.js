@@ -25,13 +25,17 @@ export class SoundPlayers {
       const source = this.context.createBufferSource();
       source.buffer = buffer;
       source.connect(this.context.destination);
-      source.onended = () => { if (this.playing.get(id) === source) this.playing.delete(id); };
+      source.onended = () => {
+        if (this.playing.get(id) === source) this.playing.delete(id);
+        this.idle();
+      };
       this.playing.set(id, source);
       source.start();
     }, (e) => {
       if (!this.failed.has(path)) this.env.log(`Sounds: "${path}" cannot be played (${e.message || e})`);
       this.failed.add(path);
       this.playing.delete(id);
+      this.idle();
     });
   }
 
@@ -39,6 +43,13 @@ export class SoundPlayers {
     const source = this.playing.get(id);
     this.playing.delete(id);
     if (source && source.stop) source.stop();
+    this.idle();
+  }
+
+  // A running context keeps the audio thread and the device busy even in silence:
+  // between sounds it is suspended.
+  idle() {
+    if (this.context && this.playing.size === 0) this.context.suspend();
   }
 
   buffer(path) {
