@@ -30,7 +30,9 @@ function serve() {
   });
 }
 
-function launch(wav) {
+// `extra` flags replace the fake prompt that grants the microphone when they
+// answer it themselves.
+function launch(wav, extra = []) {
   return puppeteer.launch({
     executablePath: CHROMIUM,
     headless: true,
@@ -38,8 +40,9 @@ function launch(wav) {
     args: [
       '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
       '--disable-component-update', '--disable-sync', '--autoplay-policy=no-user-gesture-required',
-      '--use-fake-ui-for-media-stream', '--use-fake-device-for-media-stream',
+      ...(extra.length ? [] : ['--use-fake-ui-for-media-stream']), '--use-fake-device-for-media-stream',
       ...(wav ? [`--use-file-for-fake-audio-capture=${wav}`] : []),
+      ...extra,
     ],
   });
 }
@@ -150,6 +153,26 @@ test('the tuning arrows, a chord on the wheels and a tuning-fork tone', async ()
     // The worklet reports what it played: a tone at the level the core renders it.
     await until('tone heard', () => page.evaluate(() => window.uke.output.heard.rms > 0.05));
     assert.deepEqual(page.errors, []);
+  } finally {
+    await browser.close();
+  }
+});
+
+test('a refused microphone is said plainly, and the read-out says nothing is heard', async () => {
+  const browser = await launch(null, ['--deny-permission-prompts']);
+  try {
+    const page = await browser.newPage();
+    await page.setViewport(PHONE);
+    await page.goto(`${origin}/`);
+    await page.waitForSelector('body[data-ready]');
+    assert.match((await outlet(page, 'freq_label')).text, /Pluck a string/);
+    await page.touchscreen.tap(195, 600);
+    const banner = await until('banner', () => page.evaluate(() => {
+      const b = document.querySelector('[role="alert"]');
+      return b && b.offsetHeight && b.textContent;
+    }));
+    assert.match(banner, /Microphone access was refused/);
+    assert.match((await outlet(page, 'freq_label')).text, /No microphone found/);
   } finally {
     await browser.close();
   }
