@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Dismiss</source>
+        <translation>Ausblenden</translation>
+    </message>
+    <message>
         <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
         <translation>Der Zugriff auf das Mikrofon wurde verweigert. Erlaube das Mikrofon für diese Seite in den Einstellungen des Browsers und lade sie dann neu.</translation>
     </message>

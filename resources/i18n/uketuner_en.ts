@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Dismiss</source>
+        <translation>Dismiss</translation>
+    </message>
+    <message>
         <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
         <translation>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</translation>
     </message>

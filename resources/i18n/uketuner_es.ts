@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Dismiss</source>
+        <translation>Cerrar</translation>
+    </message>
+    <message>
         <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
         <translation>Se denegó el acceso al micrófono. Permite el micrófono para esta página en los ajustes del navegador y vuelve a cargarla.</translation>
     </message>

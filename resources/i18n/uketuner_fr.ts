@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Dismiss</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
         <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
         <translation>L'accès au micro a été refusé. Autorisez le micro pour cette page dans les réglages du navigateur, puis rechargez-la.</translation>
     </message>

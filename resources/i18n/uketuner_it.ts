@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Dismiss</source>
+        <translation>Chiudi</translation>
+    </message>
+    <message>
         <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
         <translation>L'accesso al microfono è stato negato. Consenti il microfono per questa pagina nelle impostazioni del browser, poi ricaricala.</translation>
     </message>

@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Dismiss</source>
+        <translation>Закрыть</translation>
+    </message>
+    <message>
         <source>Microphone access was refused. Allow the microphone for this page in the browser's settings, then reload.</source>
         <translation>Доступ к микрофону запрещён. Разрешите микрофон для этой страницы в настройках браузера и перезагрузите её.</translation>
     </message>
