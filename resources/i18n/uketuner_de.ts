@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Tap to start listening</source>
+        <translation>Tippe, um das Zuhören zu starten</translation>
+    </message>
+    <message>
         <source>Dismiss</source>
         <translation>Ausblenden</translation>
     </message>

@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Tap to start listening</source>
+        <translation>Tap to start listening</translation>
+    </message>
+    <message>
         <source>Dismiss</source>
         <translation>Dismiss</translation>
     </message>

@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Tap to start listening</source>
+        <translation>Toca para empezar a escuchar</translation>
+    </message>
+    <message>
         <source>Dismiss</source>
         <translation>Cerrar</translation>
     </message>

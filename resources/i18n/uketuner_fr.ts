@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Tap to start listening</source>
+        <translation>Touchez l'écran pour commencer l'écoute</translation>
+    </message>
+    <message>
         <source>Dismiss</source>
         <translation>Fermer</translation>
     </message>

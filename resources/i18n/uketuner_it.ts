@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Tap to start listening</source>
+        <translation>Tocca per iniziare ad ascoltare</translation>
+    </message>
+    <message>
         <source>Dismiss</source>
         <translation>Chiudi</translation>
     </message>

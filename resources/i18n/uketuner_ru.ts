@@ -371,6 +371,10 @@
 <context>
     <name>WebPage</name>
     <message>
+        <source>Tap to start listening</source>
+        <translation>Коснитесь экрана, чтобы начать слушать</translation>
+    </message>
+    <message>
         <source>Dismiss</source>
         <translation>Закрыть</translation>
     </message>

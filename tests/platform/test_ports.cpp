@@ -62,6 +62,23 @@ TEST(VirtualRunLoop, TimersLandOnExactTimesInOrder) {
     EXPECT_DOUBLE_EQ(loop.now() - before, 86400.0);
 }
 
+// A clock held back for a long time replays only the last stretch of ticks, but
+// every delayed message in the gap runs at its own time, ticks or not.
+TEST(VirtualRunLoop, AHeldBackClockDropsOldTicksButNoMessage) {
+    VirtualRunLoop loop;
+    std::vector<double> ticks, messages;
+    loop.scheduleRepeating(0.01, [&] { ticks.push_back(loop.elapsed()); });
+    for (double at : {15.0, 29.5, 30.0})
+        loop.performAfterDelay(at, [&] { messages.push_back(loop.elapsed()); });
+    loop.advanceTo(30.0, 29.0);
+    EXPECT_EQ(messages, (std::vector<double>{15.0, 29.5, 30.0}));
+    ASSERT_EQ(ticks.size(), 101u);
+    EXPECT_DOUBLE_EQ(ticks.front(), 29.0);
+    // A start of the replay before the clock's own time drops nothing.
+    loop.advanceTo(30.5, 10.0);
+    EXPECT_EQ(ticks.size(), 151u);
+}
+
 // A delayed message or a timer made by an object that has gone never runs.
 TEST(Lifetime, GuardedTasksStopWithTheirOwner) {
     VirtualRunLoop loop;

@@ -22,9 +22,9 @@ function pluckRecording() {
   return wav;
 }
 
-function serve() {
+function serve(folder = DIST) {
   return new Promise((resolve, reject) => {
-    const child = spawn('python3', [path.join(TOP, 'web/tools/serve.py'), '--port', '0', DIST], { stdio: ['ignore', 'pipe', 'inherit'] });
+    const child = spawn('python3', [path.join(TOP, 'web/tools/serve.py'), '--port', '0', folder], { stdio: ['ignore', 'pipe', 'inherit'] });
     child.stdout.once('data', (line) => resolve({ child, origin: String(line).trim().replace(/\/$/, '') }));
     child.once('exit', (code) => reject(new Error(`server exited with ${code}`)));
   });
@@ -106,18 +106,87 @@ async function screenshot(page, file) {
 before(async () => ({ child: server, origin } = await serve()));
 after(() => server.kill());
 
-test('a plucked A4 lights the first string and the lamp green; silence turns the lamp yellow', async () => {
+test('a tap while the page still starts opens the microphone; a plucked A4 lights the string, the lamp green; silence turns it yellow', async () => {
   const browser = await launch(pluckRecording());
   try {
-    const page = await open(browser);
-    // Browsers open the microphone only after a touch.
+    const page = await browser.newPage();
+    page.errors = [];
+    page.on('pageerror', (e) => page.errors.push(e.message));
+    await page.setViewport(PHONE);
+    // The core is held back until the player has tapped.
+    let release;
+    const tapped = new Promise((r) => { release = r; });
+    await page.setRequestInterception(true);
+    page.on('request', (request) => {
+      if (request.url().endsWith('core.wasm')) tapped.then(() => request.continue());
+      else request.continue();
+    });
+    await page.goto(`${origin}/`);
+    await page.waitForFunction(() => document.readyState === 'complete');
+    assert.equal(await page.$('body[data-ready]'), null, 'still starting');
     await page.touchscreen.tap(195, 600);
-    await until('green lamp', async () => /green/.test((await outlet(page, 'LEDDisplay')).image));
+    release();
+    await until('green lamp', async () => /green/.test((await outlet(page, 'LEDDisplay'))?.image));
     assert.match((await outlet(page, 'ring1')).image, /ring1/);
+    assert.match((await outlet(page, 'tunedString5')).image, /1st_string_6plus/);
     assert.match((await outlet(page, 'noteDisplay')).text, /A/);
     await screenshot(page, 'web-tuner-lit-phone.png');
     await until('yellow lamp', async () => /yellow/.test((await outlet(page, 'LEDDisplay')).image));
+    assert.match((await outlet(page, 'freq_label')).text, /Pluck a string/);
     assert.deepEqual(page.errors, []);
+  } finally {
+    await browser.close();
+  }
+});
+
+// The screen and the window set apart, as on a phone whose browser bars take part of it.
+const SCREENS = [
+  { name: 'iPhone, bars shown', screen: [390, 844], viewport: [390, 664], shownAs: 844 },
+  { name: 'Android phone', screen: [412, 915], viewport: [412, 780], shownAs: 912 },
+  { name: 'Android phone in landscape', screen: [915, 412], viewport: [915, 340], shownAs: 912, landscape: true },
+  { name: 'tablet', screen: [834, 1194], viewport: [834, 1112], shownAs: 1194, pad: true },
+];
+
+function emulate(cdp, { screen: [screenWidth, screenHeight], viewport: [width, height], landscape, pad }) {
+  return cdp.send('Emulation.setDeviceMetricsOverride', {
+    width, height, deviceScaleFactor: 2, mobile: true, screenWidth, screenHeight,
+    screenOrientation: landscape ? { type: 'landscapePrimary', angle: 90 } : { type: pad ? 'portraitPrimary' : 'portraitPrimary', angle: 0 },
+  });
+}
+
+// Where the stage sits in the window: it must fit whole, and fill one side.
+const stageFit = (page) => page.evaluate(() => {
+  const r = document.querySelector('.stage').getBoundingClientRect();
+  const w = window.innerWidth, h = window.innerHeight;
+  const inside = r.left >= -1 && r.top >= -1 && r.right <= w + 1 && r.bottom <= h + 1;
+  return inside && (Math.abs(r.width - w) < 2 || Math.abs(r.height - h) < 2);
+});
+
+test('phones and tablets of every size: the class of the screen, the string lit, the stage fitted through a rotation', async () => {
+  const browser = await launch(pluckRecording());
+  try {
+    for (const device of SCREENS) {
+      const page = await browser.newPage();
+      const cdp = await page.createCDPSession();
+      await emulate(cdp, device);
+      await cdp.send('Emulation.setTouchEmulationEnabled', { enabled: true });
+      await page.goto(`${origin}/`);
+      await page.waitForSelector('body[data-ready]', { timeout: 10000 });
+      const shown = await page.evaluate(() => [window.uke.device.idiom, JSON.parse(window.uke.app.layoutSize()).height]);
+      assert.deepEqual(shown, [device.pad ? 'pad' : 'phone', device.shownAs], device.name);
+      assert.match((await outlet(page, 'freq_label')).text, /Tap to start listening/);
+      await page.touchscreen.tap(device.viewport[0] / 2, device.viewport[1] * 0.7);
+      const highlight = device.pad ? 'tunedStringiPad' : 'tunedString5';
+      await until(`${device.name}: string lit`, async () => /1st_string/.test((await outlet(page, highlight)).image));
+      assert.ok(await stageFit(page), device.name);
+      // Turned while tuning: the same class, fitted anew.
+      const [w, h] = device.viewport;
+      await emulate(cdp, { ...device, screen: [...device.screen].reverse(), viewport: [h, w], landscape: !device.landscape });
+      await until(`${device.name}: fitted after turning`, () => stageFit(page));
+      assert.equal(JSON.parse(await page.evaluate(() => window.uke.app.layoutSize())).height, device.shownAs);
+      await until(`${device.name}: still tuning`, async () => /1st_string/.test((await outlet(page, highlight)).image));
+      await page.close();
+    }
   } finally {
     await browser.close();
   }
@@ -165,7 +234,7 @@ test('a refused microphone is said plainly, and the read-out says nothing is hea
     await page.setViewport(PHONE);
     await page.goto(`${origin}/`);
     await page.waitForSelector('body[data-ready]');
-    assert.match((await outlet(page, 'freq_label')).text, /Pluck a string/);
+    assert.match((await outlet(page, 'freq_label')).text, /Tap to start listening/);
     await page.touchscreen.tap(195, 600);
     const banner = await until('banner', () => page.evaluate(() => {
       const b = document.querySelector('[role="alert"]');
@@ -214,6 +283,36 @@ test('after one visit the tuner starts with no network', async () => {
     assert.deepEqual(page.errors, []);
   } finally {
     await browser.close();
+  }
+});
+
+test('a returning visitor gets a new core at the next online visit', async () => {
+  // A copy of the build to change; the page step run again over it, as the build would.
+  const copy = fs.mkdtempSync(path.join(scratch, 'dist-'));
+  fs.cpSync(DIST, copy, { recursive: true });
+  const served = await serve(copy);
+  const browser = await launch(null);
+  try {
+    const page = await browser.newPage();
+    await page.setViewport(PHONE);
+    const visit = async () => {
+      await page.goto(`${served.origin}/`);
+      await page.waitForSelector('body[data-ready]', { timeout: 10000 });
+    };
+    await visit();
+    await page.evaluate(() => navigator.serviceWorker.ready);
+    await page.setOfflineMode(true);
+    await visit();
+    fs.appendFileSync(path.join(copy, 'core.js'), '\nglobalThis.ukeCoreMark = 2;\n');
+    execFileSync('python3', [path.join(TOP, 'web/tools/make_page.py'), '--top', TOP, '--out', copy, '--version', 'test']);
+    await page.setOfflineMode(false);
+    await visit();
+    // The new build takes over during this visit and the page starts again with it.
+    await until('the new core', () => page.evaluate(() => globalThis.ukeCoreMark === 2 && !!document.body.dataset.ready).catch(() => false));
+    assert.equal((await page.evaluate(() => caches.keys())).length, 1, 'the old copy is dropped');
+  } finally {
+    await browser.close();
+    served.child.kill();
   }
 });
 

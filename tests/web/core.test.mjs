@@ -7,6 +7,8 @@ import path from 'node:path';
 import { test } from 'node:test';
 import { TOP, UKE, captureRateRecording, loadCore, recordingHost } from './support.mjs';
 
+const WEB_BUILD = process.env.WEB_BUILD_DIR || 'build-web';
+
 const core = await loadCore();
 
 test('estimates equal the desktop tool\'s, block for block', { skip: !fs.existsSync(UKE) && `no ${UKE}` }, () => {
@@ -35,18 +37,58 @@ test('estimates equal the desktop tool\'s, block for block', { skip: !fs.existsS
   }
 });
 
-test('a page back from the background catches up a second, not every missed tick', () => {
+// Plucks an in-tune A4 and runs the ticks until the beep has sounded.
+function pluckA4(app) {
+  const { samples } = captureRateRecording(path.join(TOP, 'resources/sounds/A4.mp3'));
+  app.deliver(samples.subarray(4096, 8192));
+  for (let t = 0.01; t < 0.2; t += 0.01) app.advanceTo(t);
+}
+
+test('a delayed message runs at its time with no blocks coming, and a long gap replays a second of ticks', () => {
   const host = recordingHost();
   const app = new core.WebApp(host);
   app.start();
-  for (let t = 0.01; t <= 1.0001; t += 0.01) app.advanceTo(t);
-  assert.ok(Math.abs(app.elapsed() - 1) < 1e-9);
-  app.advanceTo(3601);
-  assert.equal(app.elapsed(), 2);
-  // The wall clock jumped the rest: the next step is an ordinary one.
-  app.advanceTo(3601.01);
-  assert.ok(Math.abs(app.elapsed() - 2.01) < 1e-9);
+  pluckA4(app);
+  assert.deepEqual(host.played, ['sounds/beep-full.mp3']);
+  // The microphone goes: from now on only the page's timer for the beep's re-arm wakes the core.
+  app.captureFailed('gone (unplugged)');
+  const due = app.nextMessageDue();
+  assert.ok(Math.abs(due - 15.01) < 1e-6, due);
+  app.advanceTo(due);
+  assert.equal(app.nextMessageDue(), -1, 'the re-arm ran when it was due');
+  assert.equal(app.elapsed(), due);
   app.delete();
+});
+
+test('a screen of no device class is shown as the nearest class of its idiom, highlight included', () => {
+  for (const [device, storyboard, highlight, shownAs] of [
+    [{ idiom: 'phone', height: 844 }, 'Main_iPhone12Pro', '1st_string_6plus.png', null],
+    [{ idiom: 'phone', height: 915 }, 'Main_iPhone12ProMax', '1st_string_6plus.png', 'phone-912'],
+    [{ idiom: 'phone', height: 700 }, 'Main_iPhone6', '1st_string_6.png', 'phone-667'],
+    [{ idiom: 'pad', height: 1300 }, 'Main_iPad_Pro', '1st_string_iPad_Pro.png', 'pad-1366'],
+  ]) {
+    const built = [];
+    const host = recordingHost({ device: { ...device, systemVersion: '17.0' }, buildWindow: (s) => built.push(s) });
+    const app = new core.WebApp(host);
+    app.start();
+    pluckA4(app);
+    const tuner = JSON.parse(app.changes()).tuner;
+    const lit = ['tunedString', 'tunedString5', 'tunedStringiPad'].map((n) => tuner[n].image).filter(Boolean);
+    assert.deepEqual([built, lit], [[storyboard], [highlight]], device.height);
+    const said = host.logged.find((l) => l.startsWith('Screen: '));
+    assert.equal(said?.split(' ').at(-1) ?? null, shownAs);
+    app.delete();
+  }
+});
+
+// The page step names the cache after the bytes of every file, so it must run
+// again when only the core was linked anew: the core is one of its inputs, not
+// merely built before it.
+test('a core linked anew writes the page again, and so renames the offline copy', { skip: !fs.existsSync(path.join(TOP, WEB_BUILD, 'build.ninja')) && `no ${WEB_BUILD}` }, () => {
+  const inputs = execFileSync('ninja', ['-C', path.join(TOP, WEB_BUILD), '-t', 'query', 'web/page.stamp'], { encoding: 'utf8' })
+    .split('input:')[1].split('outputs:')[0].split('\n').map((l) => l.trim());
+  const core = inputs.find((l) => l.endsWith('web/dist/core.js'));
+  assert.ok(core && !core.startsWith('|'), inputs.join('\n'));
 });
 
 test('only what changed reaches the page, and nothing while the screen is steady', () => {

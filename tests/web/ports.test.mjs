@@ -190,24 +190,34 @@ test('the page wakes the core only when something can happen, and shows a block 
   app.delete();
 });
 
-test('sounds: one decode per file, a stop before the file has loaded plays nothing, an idle context sleeps', async () => {
-  const { SoundPlayers } = await import('../../web/src/ports/sounds.js');
-  const events = [];
-  class FakeContext {
-    constructor() { this.destination = {}; }
-    resume() { events.push('resume'); }
-    suspend() { events.push('suspend'); }
-    decodeAudioData(bytes) { events.push(`decode ${bytes.byteLength}`); return Promise.resolve({ bytes }); }
+// A context whose state follows its calls in order, as a browser applies them;
+// every source records the state it was started in.
+function recordingContext(events) {
+  return class {
+    constructor(options) { this.options = options; this.state = 'suspended'; this.destination = {}; events.push('new'); }
+    resume() { events.push('resume'); this.state = 'running'; return Promise.resolve(); }
+    suspend() { events.push('suspend'); this.state = 'suspended'; return Promise.resolve(); }
+    close() { events.push('close'); }
+    decodeAudioData(bytes) { events.push('decode'); return Promise.resolve({ bytes }); }
     createBufferSource() {
-      const source = { connect() {}, start: () => events.push('start'), stop: () => { events.push('stop'); source.onended(); } };
+      const source = {
+        connect() {},
+        start: () => events.push(`start on ${this.state}`),
+        stop: () => { events.push('stop'); queueMicrotask(() => source.onended()); },
+      };
       return source;
     }
-  }
+  };
+}
+
+test('sounds: every sound starts on a running context, one decode per file, an idle context sleeps', async () => {
+  const { SoundPlayers } = await import('../../web/src/ports/sounds.js');
+  const events = [];
   let fail = true;
   const lines = [];
   const fetches = [];
   const players = new SoundPlayers({
-    AudioContext: FakeContext,
+    AudioContext: recordingContext(events),
     files: ['A4.mp3', 'beep-full.mp3'],
     log: (l) => lines.push(l),
     fetch: (path) => {
@@ -226,18 +236,94 @@ test('sounds: one decode per file, a stop before the file has loaded plays nothi
   assert.equal(lines.length, 1);
   assert.equal(fetches.length, 2);
   fail = false;
-  events.length = 0;
+  // A sound stopped before its file loaded never starts.
   players.play(2, 'sounds/beep-full.mp3');
   players.stop(2);
   await settle();
-  assert.ok(!events.includes('start'), events.join());
-  players.play(3, 'sounds/beep-full.mp3');
+  assert.ok(!events.some((e) => e.startsWith('start')), events.join());
+  // Unlocked by a gesture, then: the beep, a string sample pressed twice (a new
+  // player each time), the same player again while it plays, a sample over the beep.
+  players.unlock();
   await settle();
-  players.play(4, 'sounds/beep-full.mp3');
+  for (const [id, file] of [[3, 'beep-full'], [4, 'A4'], [5, 'A4'], [5, 'A4'], [6, 'beep-full']]) {
+    players.play(id, `sounds/${file}.mp3`);
+    await settle();
+  }
+  const starts = events.filter((e) => e.startsWith('start'));
+  assert.deepEqual(starts, Array(5).fill('start on running'), events.join());
+  assert.equal(events.filter((e) => e === 'decode').length, 2);
+  for (const id of [3, 4, 5]) players.stop(id);
   await settle();
-  assert.equal(events.filter((e) => e.startsWith('decode')).length, 1);
-  players.stop(3);
   assert.notEqual(events.at(-1), 'suspend', 'another sound still plays');
-  players.stop(4);
+  players.stop(6);
+  await settle();
   assert.equal(events.at(-1), 'suspend');
+});
+
+test('the first gesture starts every context and asks for the microphone before anything waits', async () => {
+  const { Capture, CAPTURE_RATE } = await import('../../web/src/ports/capture.js');
+  const { ToneOutput } = await import('../../web/src/ports/output.js');
+  const { onFirstGesture } = await import('../../web/src/ports/browser.js');
+  // One engine joins a microphone to a context of any rate, the other (Firefox) to
+  // none but its own: the capture context is then made anew at the browser's rate.
+  for (const mixedRates of [true, false]) {
+    const events = [];
+    const Context = recordingContext(events);
+    class CaptureContext extends Context {
+      constructor(options) {
+        super(options);
+        events.push(`rate ${options.sampleRate ?? 'own'}`);
+        this.audioWorklet = { addModule: () => Promise.resolve() };
+      }
+      createMediaStreamSource() {
+        if (!mixedRates && this.options.sampleRate) throw Object.assign(new Error('rates differ'), { name: 'NotSupportedError' });
+        return { connect() {} };
+      }
+    }
+    const failures = [];
+    let opened = false;
+    const capture = new Capture({
+      mediaDevices: { getUserMedia: () => { events.push('getUserMedia'); return Promise.resolve({ getAudioTracks: () => [] }); } },
+      AudioContext: CaptureContext,
+      AudioWorkletNode: class { constructor() { this.port = {}; } },
+      onOpen: () => { opened = true; },
+      onBlock() {},
+      onFailure: (...f) => failures.push(f),
+    });
+    const tone = new ToneOutput({ AudioContext: Context });
+    const listeners = new Map();
+    const target = {
+      addEventListener: (name, fn) => listeners.set(name, fn),
+      removeEventListener: (name) => listeners.delete(name),
+    };
+    const activation = { isActive: false };
+    onFirstGesture(() => { capture.unlock(); tone.unlock(); }, target, activation);
+    // A touch that scrolled is no gesture; the lifted finger of a tap is.
+    listeners.get('touchend')({});
+    assert.deepEqual(events, []);
+    activation.isActive = true;
+    listeners.get('touchend')({});
+    assert.equal(listeners.size, 0, 'one gesture is enough');
+    assert.deepEqual(events, [`new`, `rate ${CAPTURE_RATE}`, 'resume', 'getUserMedia', 'new', 'resume'], `mixed rates ${mixedRates}`);
+    capture.start();
+    await new Promise((r) => setTimeout(r, 0));
+    assert.ok(opened && failures.length === 0, JSON.stringify(failures));
+    assert.equal(capture.context.options.sampleRate, mixedRates ? CAPTURE_RATE : undefined);
+    assert.equal(capture.context.state, 'running');
+    assert.equal(tone.context.state, 'suspended', 'a tone context that plays nothing sleeps again');
+  }
+});
+
+test('the device class is the screen\'s, whatever the window, unless the address names one', async () => {
+  const { deviceOf } = await import('../../web/src/ports/browser.js');
+  for (const [screen, search, expected] of [
+    [{ width: 390, height: 844 }, '', ['phone', 844]],
+    [{ width: 915, height: 412 }, '', ['phone', 915]],      // a phone in landscape
+    [{ width: 834, height: 1194 }, '', ['pad', 1194]],
+    [{ width: 1194, height: 834 }, '', ['pad', 1194]],
+    [{ width: 599, height: 960 }, '', ['phone', 960]],
+    [{ width: 1920, height: 1080 }, '?device=phone-844', ['phone', 844]],
+    [{ width: 1920, height: 1080 }, '?x=1&device=pad-1024', ['pad', 1024]],
+    [{ width: 1920, height: 1080 }, '?device=watch-200', ['pad', 1920]],
+  ]) assert.deepEqual(Object.values(deviceOf(screen, search)), expected, `${screen.width}x${screen.height}${search}`);
 });

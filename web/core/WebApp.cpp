@@ -66,6 +66,11 @@ WebApp::~WebApp() {
 
 std::string WebApp::start() {
     dirty_ = true;
+    const HostDeviceInfo& device = ports_.device;
+    if (device.measuredHeight() != device.screenHeight())
+        ports_.log.log("Screen: " + DeviceClass{device.idiom(), device.measuredHeight()}.name() +
+                       " is no device class of its own; the page is shown as " +
+                       DeviceClass{device.idiom(), device.screenHeight()}.name());
     return app_->start([this](const std::string& storyboard) { return host_.call<bool>("buildWindow", storyboard); });
 }
 
@@ -77,19 +82,13 @@ std::string WebApp::layoutSize() const {
 
 double WebApp::nextMessageDue() const {
     const auto due = ports_.runLoop.nextMessageDue();
-    return due ? *due + skipped_ : -1.0;
+    return due ? *due : -1.0;
 }
 
 void WebApp::advanceTo(double seconds) {
-    constexpr double kLongestCatchUp = 1.0;
-    const double behind = seconds - skipped_ - ports_.runLoop.elapsed();
-    if (!(behind > 0.0))
-        return ports_.runLoop.runPending();
+    constexpr double kLongestTickReplay = 1.0;
     const uint64_t before = ports_.runLoop.messagesRun();
-    const double run = std::min(behind, kLongestCatchUp);
-    ports_.runLoop.shiftEpoch(behind - run);
-    skipped_ += behind - run;
-    ports_.runLoop.advanceBy(run);
+    ports_.runLoop.advanceTo(seconds, seconds - kLongestTickReplay);
     dirty_ = dirty_ || ports_.runLoop.messagesRun() != before;
 }
 

@@ -32,11 +32,11 @@ public:
     // The page moves the clock only when something can happen (a block came, the
     // player acted, a delayed message is due), and a page in the background gets
     // its timers slowed or stopped: the ticks missed in between would all draw the
-    // same, so at most a second of them is replayed and the wall clock jumps the rest.
+    // same, so at most a second of them is replayed, while every delayed message
+    // still runs at its own time, whether or not blocks come.
     void advanceTo(double seconds);
     // The page's seconds at which the next delayed message is due, or -1 for none.
     double nextMessageDue() const;
-    // The core's own seconds: the page's, less what was jumped.
     double elapsed() const { return ports_.runLoop.elapsed(); }
 
     // What changed on the screens since the last call, as JSON:
@@ -72,8 +72,6 @@ private:
     std::map<std::string, std::string> tunerShown_, chordsShown_;
     std::map<std::string, bool> flagsShown_;
     bool dirty_ = true;
-    // Page seconds the clock jumped rather than ran.
-    double skipped_ = 0.0;
 };
 
 } // namespace uke::web

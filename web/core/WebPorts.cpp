@@ -1,6 +1,9 @@
 #include "WebPorts.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "base/LayoutClass.h"
 
 using emscripten::val;
 
@@ -56,14 +59,17 @@ std::optional<std::string> HostStringTable::lookup(const std::string& key, const
     return v.as<std::string>();
 }
 
-Idiom HostDeviceInfo::idiom() const {
-    const std::string idiom = device_["idiom"].as<std::string>();
-    return idiom == "pad" ? Idiom::Pad : idiom == "phone" ? Idiom::Phone : Idiom::Other;
+namespace {
+Idiom idiomNamed(const std::string& name) {
+    return name == "pad" ? Idiom::Pad : name == "phone" ? Idiom::Phone : Idiom::Other;
 }
+} // namespace
 
-double HostDeviceInfo::screenHeight() const { return device_["height"].as<double>(); }
-
-std::string HostDeviceInfo::systemVersion() const { return device_["systemVersion"].as<std::string>(); }
+HostDeviceInfo::HostDeviceInfo(const val& device)
+    : idiom_(idiomNamed(device["idiom"].as<std::string>())), measured_(device["height"].as<double>()),
+      height_(idiom_ == Idiom::Other || !std::isfinite(measured_) ? measured_
+                                                                  : nearestLayoutClass({idiom_, measured_}).height),
+      systemVersion_(device["systemVersion"].as<std::string>()) {}
 
 void HostAudioCapture::start() {
     FakeAudioCapture::start();

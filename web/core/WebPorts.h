@@ -48,15 +48,25 @@ private:
     emscripten::val host_;
 };
 
+// The page's screen as a device class. A screen of a class's exact height is that
+// class; any other (most phones that are not iPhones) is shown as the nearest
+// class of its idiom, with that class's highlight and neck pictures, as the
+// desktop window shows the class it is told to be. Decided once: a page that
+// rotates or resizes keeps its class and is only fitted anew.
 class HostDeviceInfo : public DeviceInfo {
 public:
-    explicit HostDeviceInfo(emscripten::val device) : device_(std::move(device)) {}
-    Idiom idiom() const override;
-    double screenHeight() const override;
-    std::string systemVersion() const override;
+    explicit HostDeviceInfo(const emscripten::val& device);
+    Idiom idiom() const override { return idiom_; }
+    double screenHeight() const override { return height_; }
+    std::string systemVersion() const override { return systemVersion_; }
+    // The screen's own height, where it differs from the class shown.
+    double measuredHeight() const { return measured_; }
 
 private:
-    emscripten::val device_;
+    Idiom idiom_;
+    double measured_;
+    double height_;
+    std::string systemVersion_;
 };
 
 // The page's worklet delivers the blocks by hand, so the queue's buffers circulate

@@ -8,10 +8,7 @@ import { LocalSettings } from './ports/settings.js';
 import { SoundPlayers } from './ports/sounds.js';
 import { StringTables, chooseLanguage } from './ports/strings.js';
 import { ToneOutput } from './ports/output.js';
-import { ScreenLight, openLink, startFetch } from './ports/browser.js';
-
-// Phones are narrower than this in CSS pixels, tablets wider.
-const PAD_WIDTH = 600;
+import { ScreenLight, deviceOf, onFirstGesture, openLink, startFetch } from './ports/browser.js';
 
 const MESSAGES = {
   refused: 'Microphone access was refused. Allow the microphone for this page in the browser\'s settings, then reload.',
@@ -26,66 +23,79 @@ const json = (path) => fetch(path).then((r) => {
   return r.json();
 });
 
-function firstTouch(fn) {
-  const events = ['pointerdown', 'keydown', 'touchend'];
-  const once = () => {
-    for (const e of events) document.removeEventListener(e, once, true);
-    fn();
-  };
-  for (const e of events) document.addEventListener(e, once, true);
+const Context = window.AudioContext || window.webkitAudioContext;
+const log = (line) => console.log(line);
+
+// What the page knows before the core has loaded: the ports that make sound and
+// listen exist from the first moment, so that a tap however early opens the
+// microphone and lets the sounds play, inside that tap as Safari requires.
+let app = null, views = null, clock = null, micOpen = false, failure = null;
+const show = (changes) => { if (changes) views.apply(JSON.parse(changes)); };
+const strings = { tr: (context, source) => source };
+const say = (kind) => views && views.say(kind ? strings.tr('WebPage', MESSAGES[kind]) : null);
+
+function captureFailed(kind, detail) {
+  if (!app) {
+    failure = [kind, detail];
+    return;
+  }
+  clock.catchUp();
+  app.captureFailed(`${kind} (${detail})`);
+  say(kind);
+  show(app.changes());
+  clock.poke();
 }
 
+const capture = new Capture({
+  mediaDevices: navigator.mediaDevices,
+  AudioContext: Context,
+  workletUrl: 'ports/capture-worklet.js',
+  onOpen: () => {
+    micOpen = true;
+    if (views) views.setListening(true);
+  },
+  // Blocks before the core is there are dropped: nothing could read them.
+  onBlock: (block) => {
+    if (!app) return;
+    clock.catchUp();
+    app.deliver(block);
+    clock.poke();
+  },
+  onFailure: captureFailed,
+});
+const output = new ToneOutput({
+  AudioContext: Context,
+  workletUrl: 'ports/output-worklet.js',
+  render: (frames) => app.render(frames),
+  log,
+});
+const sounds = new SoundPlayers({ AudioContext: Context, fetch: (path) => fetch(path), files: [], log });
+let touched = false;
+onFirstGesture(() => {
+  touched = true;
+  capture.unlock();
+  output.unlock();
+  sounds.unlock();
+});
+
 async function boot() {
-  const log = (line) => console.log(line);
   const [build, layouts, geometry] = await Promise.all([json('build.json'), json('layouts.json'), json('geometry.json')]);
   const language = chooseLanguage(navigator.languages || [navigator.language], build.languages);
-  const strings = new StringTables(await json(`strings/${language}.json`));
+  const tables = new StringTables(await json(`strings/${language}.json`));
+  strings.tr = (context, source) => tables.tr(context, source);
   const core = await createUkeCore();
   document.documentElement.lang = language;
+  sounds.setFiles(build.sounds);
 
-  let app = null, views = null, clock = null;
-  const show = (changes) => { if (changes) views.apply(JSON.parse(changes)); };
-  const say = (kind) => views && views.say(kind ? strings.tr('WebPage', MESSAGES[kind]) : null);
-
-  const capture = new Capture({
-    mediaDevices: navigator.mediaDevices,
-    AudioContext: window.AudioContext || window.webkitAudioContext,
-    workletUrl: 'ports/capture-worklet.js',
-    whenTouched: firstTouch,
-    onBlock: (block) => {
-      clock.catchUp();
-      app.deliver(block);
-      clock.poke();
-    },
-    onFailure: (kind, detail) => {
-      clock.catchUp();
-      app.captureFailed(`${kind} (${detail})`);
-      say(kind);
-      show(app.changes());
-      clock.poke();
-    },
-  });
-  const output = new ToneOutput({
-    AudioContext: window.AudioContext || window.webkitAudioContext,
-    workletUrl: 'ports/output-worklet.js',
-    render: (frames) => app.render(frames),
-  });
-  const sounds = new SoundPlayers({
-    AudioContext: window.AudioContext || window.webkitAudioContext,
-    fetch: (path) => fetch(path),
-    files: build.sounds,
-    log,
-  });
   const light = new ScreenLight();
-  const width = window.innerWidth, height = window.innerHeight;
 
   const host = {
     epoch: Date.now() / 1000,
     resourcePath: 'sounds',
     log,
     settings: new LocalSettings(window.localStorage, log),
-    lookup: (key, table) => strings.lookup(key, table),
-    device: { idiom: width >= PAD_WIDTH ? 'pad' : 'phone', height, systemVersion: '17.0' },
+    lookup: (key, table) => tables.lookup(key, table),
+    device: { ...deviceOf(window.screen, window.location.search), systemVersion: '17.0' },
     capture,
     output,
     sounds,
@@ -110,7 +120,8 @@ async function boot() {
         layout: { ...layouts[storyboard], name: storyboard, width: size.width, height: size.height },
         geometry,
         isPad: host.device.idiom === 'pad',
-        tr: (context, source) => strings.tr(context, source),
+        tr: strings.tr,
+        listening: micOpen,
         art: (name) => `art/${name.replace(/\.png$/, '.svg')}`,
         tuner: act((name, arg = 0) => app.tunerAction(name, Number(arg))),
         chord: act((name, tag = 0, row = 0) => app.chordAction(name, tag, row)),
@@ -124,13 +135,22 @@ async function boot() {
   app = new core.WebApp(host);
   clock = new PageClock(app, (changes) => views.apply(changes));
   app.start();
+  // A microphone refused before the core was there is said now.
+  if (failure) captureFailed(...failure);
   show(app.changes());
   clock.start();
   // For the browser tests and the curious: the running app's parts.
-  window.uke = { app, views, capture, output, sounds, clock, language, readyAt: performance.now() };
+  window.uke = { app, views, capture, output, sounds, clock, language, device: host.device, readyAt: performance.now() };
   // Offline after the first visit. Browsers run workers only on secure origins,
   // which include this machine's own addresses.
   if ('serviceWorker' in navigator && window.isSecureContext) {
+    // A returning visitor's page came from the offline copy. A newer build found
+    // on the way takes over at once if the player has not started yet, and
+    // otherwise at the next visit.
+    const returning = !!navigator.serviceWorker.controller;
+    navigator.serviceWorker.addEventListener('controllerchange', () => {
+      if (returning && !touched) window.location.reload();
+    });
     navigator.serviceWorker.register('sw.js').catch((e) => log(`Offline copy: not installed (${e.message})`));
   }
   document.body.dataset.ready = 'true';

@@ -1,5 +1,6 @@
 #include "platform/virtual/VirtualRunLoop.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace uke {
@@ -40,6 +41,21 @@ void VirtualRunLoop::advanceTo(double seconds) {
         entry.task();
     }
     nowUs_ = target;
+}
+
+void VirtualRunLoop::advanceTo(double seconds, double timersFrom) {
+    const int64_t from = std::min(toUs(timersFrom), std::max(nowUs_, toUs(seconds)));
+    if (from <= nowUs_)
+        return advanceTo(seconds);
+    std::map<std::tuple<int64_t, uint64_t>, Entry> kept;
+    for (auto& [when, entry] : queue_) {
+        int64_t at = std::get<0>(when);
+        if (entry.intervalUs > 0 && at < from)
+            at += (from - at + entry.intervalUs - 1) / entry.intervalUs * entry.intervalUs;
+        kept.emplace(std::make_tuple(at, std::get<1>(when)), std::move(entry));
+    }
+    queue_ = std::move(kept);
+    advanceTo(seconds);
 }
 
 std::optional<double> VirtualRunLoop::nextMessageDue() const {

@@ -30,6 +30,11 @@ public:
     void runPending() { advanceTo(elapsed()); }
     // Moves the wall clock without running anything (for day-long jumps).
     void shiftEpoch(double seconds) { epoch_ += seconds; }
+    // Runs everything due up to `seconds`, but the repeating timers only from
+    // `timersFrom` on: their firings before it are dropped, while delayed messages
+    // still run at their own times. A front end whose clock was held back (a page
+    // in the background) replays a short stretch of ticks, not hours of them.
+    void advanceTo(double seconds, double timersFrom);
     size_t pendingCount() const { return queue_.size(); }
     // Delayed messages run so far (timers' firings not counted): a front end that
     // drives the clock compares every outlet only after one of them ran.

@@ -52,3 +52,32 @@ export class ScreenLight {
     }
   }
 }
+
+// Phones are narrower than this in CSS pixels, tablets wider.
+export const PAD_WIDTH = 600;
+
+// The device class of the screen, not of the window: browser bars, rotation and
+// split screens change the viewport but not the device in the player's hand. CSS
+// pixels of the screen are points on the devices the classes are named after.
+// `?device=phone-844` names a class outright, as the desktop's --device does.
+export function deviceOf(screen, search = '') {
+  const named = /[?&]device=(phone|pad)-(\d{3,4})(?:&|$)/.exec(search);
+  if (named) return { idiom: named[1], height: Number(named[2]) };
+  const short = Math.min(screen.width, screen.height), long = Math.max(screen.width, screen.height);
+  return { idiom: short < PAD_WIDTH ? 'phone' : 'pad', height: long };
+}
+
+// The events a browser counts as the player's own act (a touch lifted, a mouse
+// pressed, a key): microphones and sound may start only inside one of them.
+const ACTIVATING = ['touchend', 'pointerup', 'mousedown', 'keydown'];
+
+// Calls `fn` inside the first such event, however early it comes; an event that
+// does not count (a drag, Escape) waits for the next.
+export function onFirstGesture(fn, target = globalThis.document, activation = globalThis.navigator?.userActivation) {
+  const once = (event) => {
+    if (activation && !activation.isActive) return;
+    for (const name of ACTIVATING) target.removeEventListener(name, once, true);
+    fn(event);
+  };
+  for (const name of ACTIVATING) target.addEventListener(name, once, true);
+}

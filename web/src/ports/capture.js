@@ -1,6 +1,6 @@
 // The microphone: getUserMedia into an AudioContext, blocks cut by the capture
 // worklet, handed to the core's listener. Browsers open a microphone only after
-// the player has touched the page, so a start before that waits for the first touch.
+// the player has touched the page, so it opens at the first touch.
 export const CAPTURE_RATE = 14039;
 export const BLOCK_SAMPLES = 4096;
 
@@ -14,22 +14,21 @@ export function failureOf(error) {
 }
 
 export class Capture {
-  // `env`: { mediaDevices, AudioContext, workletUrl, whenTouched(fn), onBlock(Int16Array), onFailure(kind, detail) }
+  // `env`: { mediaDevices, AudioContext, workletUrl, onOpen(), onBlock(Int16Array), onFailure(kind, detail) }
   constructor(env) {
     this.env = env;
     this.wanted = false;
     this.opening = null;
     this.context = null;
     this.stream = null;
+    this.open = false;
   }
 
+  // The core listens from the start; the microphone itself opens at the player's
+  // first gesture (`unlock`), whichever comes first.
   start() {
     this.wanted = true;
-    if (this.context) {
-      this.context.resume();
-      return;
-    }
-    if (!this.opening) this.opening = new Promise((resolve) => this.env.whenTouched(resolve)).then(() => this.open());
+    if (this.open) this.context.resume();
   }
 
   stop() {
@@ -37,11 +36,28 @@ export class Capture {
     if (this.context) this.context.suspend();
   }
 
-  async open() {
-    const { mediaDevices, onFailure } = this.env;
+  // Called inside the player's first gesture. Everything before the first await
+  // runs inside it: some browsers (Safari) start a context, or ask for the
+  // microphone, only there.
+  unlock() {
+    if (!this.opening) this.opening = this.openNow();
+    return this.opening;
+  }
+
+  async openNow() {
+    const { mediaDevices, AudioContext, onFailure } = this.env;
     if (!mediaDevices || !mediaDevices.getUserMedia) {
       onFailure('unsupported', 'no getUserMedia');
       return;
+    }
+    // Blocks are 0.29 s long: the larger buffers of a 'playback' context cost the
+    // reading nothing noticeable and wake the audio thread far less often.
+    let context = null;
+    try {
+      context = new AudioContext({ sampleRate: CAPTURE_RATE, latencyHint: 'playback' });
+      context.resume();
+    } catch {
+      context = null;
     }
     try {
       // The tuner wants the string as it sounds: no processing meant for voices.
@@ -49,6 +65,7 @@ export class Capture {
         audio: { echoCancellation: false, noiseSuppression: false, autoGainControl: false },
       });
     } catch (e) {
+      if (context) context.close();
       onFailure(failureOf(e), `${e.name}: ${e.message}`);
       return;
     }
@@ -56,32 +73,34 @@ export class Capture {
       track.addEventListener('ended', () => onFailure('gone', 'the microphone was disconnected'));
     }
     try {
-      await this.connect();
+      await this.connect(context);
     } catch (e) {
       onFailure('unavailable', `${e.name}: ${e.message}`);
       return;
     }
+    this.open = true;
     if (!this.wanted) this.context.suspend();
+    this.env.onOpen?.();
   }
 
-  // A context at the capture rate where the browser allows one, else at its own
-  // rate with the worklet resampling.
-  async connect() {
+  // At the capture rate where the browser allows a microphone there, else at its
+  // own rate with the worklet resampling (Firefox joins no two rates). A context
+  // made after the gesture may start: the page is capturing by then.
+  async connect(context) {
     const { AudioContext } = this.env;
-    let context = null, source = null;
+    let source = null;
     try {
-      // Blocks are 0.29 s long: the larger buffers of a 'playback' context cost
-      // the reading nothing noticeable and wake the audio thread far less often.
-      context = new AudioContext({ sampleRate: CAPTURE_RATE, latencyHint: 'playback' });
       source = context.createMediaStreamSource(this.stream);
     } catch {
       if (context) context.close();
       context = new AudioContext({ latencyHint: 'playback' });
       source = context.createMediaStreamSource(this.stream);
     }
+    this.context = context;
     await context.audioWorklet.addModule(this.env.workletUrl);
     // No outputs: the browser pulls a worklet that is a sink of its own.
-    const node = new AudioWorkletNode(context, 'uke-capture', {
+    const Node = this.env.AudioWorkletNode || globalThis.AudioWorkletNode;
+    const node = new Node(context, 'uke-capture', {
       numberOfInputs: 1,
       numberOfOutputs: 0,
       channelCount: 1,
@@ -90,7 +109,6 @@ export class Capture {
     });
     node.port.onmessage = (e) => this.env.onBlock(e.data);
     source.connect(node);
-    this.context = context;
     this.node = node;
     await context.resume();
   }

@@ -13,29 +13,38 @@ export class ToneOutput {
     this.heard = { frames: 0, rms: 0 };
   }
 
+  // Inside the player's first gesture: the only moment some browsers let a
+  // context start. It sleeps again once it has started, unless the tone came meanwhile.
+  unlock() {
+    const context = this.ensureContext();
+    context.resume().then(() => { if (!this.playing) context.suspend(); }, () => {});
+  }
+
+  ensureContext() {
+    if (!this.context) this.context = new this.env.AudioContext({ sampleRate: OUTPUT_RATE, latencyHint: 'interactive' });
+    return this.context;
+  }
+
   start() {
     this.playing = true;
+    this.ensureContext().resume();
     if (!this.ready) this.ready = this.open();
     this.ready.then(() => {
-      if (!this.playing) return;
-      this.node.port.postMessage({ play: true });
-      this.context.resume();
-    }, () => {});
+      if (this.playing) this.node.port.postMessage({ play: true });
+    }, (e) => this.env.log?.(`Tone: cannot be played (${e.message || e})`));
   }
 
   stop() {
     this.playing = false;
-    if (!this.node) return;
-    this.node.port.postMessage({ play: false });
+    if (this.node) this.node.port.postMessage({ play: false });
     // A running context keeps the audio thread and the device busy even in silence.
-    this.context.suspend();
+    if (this.context) this.context.suspend();
   }
 
   async open() {
-    const { AudioContext } = this.env;
-    this.context = new AudioContext({ sampleRate: OUTPUT_RATE, latencyHint: 'interactive' });
-    await this.context.audioWorklet.addModule(this.env.workletUrl);
-    this.node = new AudioWorkletNode(this.context, 'uke-tone', { numberOfInputs: 0, outputChannelCount: [2] });
+    const context = this.ensureContext();
+    await context.audioWorklet.addModule(this.env.workletUrl);
+    this.node = new AudioWorkletNode(context, 'uke-tone', { numberOfInputs: 0, outputChannelCount: [2] });
     this.node.port.onmessage = (e) => {
       const m = e.data;
       if (m.need) {
@@ -46,6 +55,6 @@ export class ToneOutput {
         this.heard = m.heard;
       }
     };
-    this.node.connect(this.context.destination);
+    this.node.connect(context.destination);
   }
 }

@@ -11,14 +11,31 @@ export class SoundPlayers {
     this.failed = new Set();
   }
 
+  setFiles(files) { this.files = new Set(files); }
+
   has(path) { return this.files.has(path.split('/').pop()); }
 
-  play(id, path) {
+  // Inside the player's first gesture: the only moment some browsers let a
+  // context start. It sleeps again once it has started, unless a sound came meanwhile.
+  unlock() {
+    this.ensureContext();
+    this.context.resume().then(() => this.idle(), () => {});
+  }
+
+  ensureContext() {
     if (!this.context) this.context = new this.env.AudioContext();
-    this.context.resume();
-    this.stop(id);
+    return this.context;
+  }
+
+  play(id, path) {
+    this.ensureContext();
+    // The new sound is counted as playing before the old one stops, so that the
+    // context is not put to sleep between the two.
     const token = {};
+    const old = this.playing.get(id);
     this.playing.set(id, token);
+    if (old && old.stop) old.stop();
+    this.context.resume();
     this.buffer(path).then((buffer) => {
       // Stopped (or played again) while it was still loading.
       if (this.playing.get(id) !== token) return;
@@ -34,7 +51,7 @@ export class SoundPlayers {
     }, (e) => {
       if (!this.failed.has(path)) this.env.log(`Sounds: "${path}" cannot be played (${e.message || e})`);
       this.failed.add(path);
-      this.playing.delete(id);
+      if (this.playing.get(id) === token) this.playing.delete(id);
       this.idle();
     });
   }
@@ -47,7 +64,7 @@ export class SoundPlayers {
   }
 
   // A running context keeps the audio thread and the device busy even in silence:
-  // between sounds it is suspended.
+  // it sleeps when nothing plays or is loading to play.
   idle() {
     if (this.context && this.playing.size === 0) this.context.suspend();
   }

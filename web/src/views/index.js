@@ -10,9 +10,10 @@ import { createAlert } from './alert.js';
 // the user's actions go out through `ctx`.
 export function createViews(root, ctx) {
   const lay = ctx.layout;
-  const state = { tuner: {}, chords: {}, hearing: true, inTune: false, chordsOpen: false };
+  // `listening`: the page's own flag, whether the microphone is open yet.
+  const state = { tuner: {}, chords: {}, hearing: true, inTune: false, chordsOpen: false, listening: !!ctx.listening };
   const outletWatchers = { tuner: new Map(), chords: new Map() };
-  const flagWatchers = { hearing: [], inTune: [], chordsOpen: [] };
+  const flagWatchers = { hearing: [], inTune: [], chordsOpen: [], listening: [] };
 
   const v = {
     ctx, lay, state,
@@ -132,6 +133,12 @@ export function createViews(root, ctx) {
 
   // Called at every tick with the read-out's outlets: only what differs from the
   // last call reaches the page.
+  function setFlag(flag, value) {
+    if (value === state[flag]) return;
+    state[flag] = value;
+    for (const fn of flagWatchers[flag]) fn(value);
+  }
+
   function apply(changes) {
     if (!changes) return;
     for (const screen of ['tuner', 'chords']) {
@@ -146,16 +153,14 @@ export function createViews(root, ctx) {
         if (list) for (const fn of list) fn(value);
       }
     }
-    for (const flag in flagWatchers) {
-      const value = changes[flag];
-      if (typeof value !== 'boolean' || value === state[flag]) continue;
-      state[flag] = value;
-      for (const fn of flagWatchers[flag]) fn(value);
+    for (const flag of ['hearing', 'inTune', 'chordsOpen']) {
+      if (typeof changes[flag] === 'boolean') setFlag(flag, changes[flag]);
     }
   }
 
   return {
     apply,
+    setListening: (open) => setFlag('listening', !!open),
     alert: { present: alert.present, dismiss: alert.dismiss },
     say(text) {
       bannerText.textContent = text ?? '';

@@ -195,7 +195,9 @@ export function createSettings(v) {
       option.style.fontSize = `${Math.round(font * (near ? 1.05 : 0.95))}px`;
       option.classList.toggle('near', near);
     },
-    onChoose: (row) => { if (row !== o('establecerIdioma').value) ctx.tuner('didSelectRow', row); },
+    // A tap on the row already chosen is a choice too: it makes the stored naming
+    // the one in force for this run.
+    onChoose: (row, tapped) => { if (tapped || row !== o('establecerIdioma').value) ctx.tuner('didSelectRow', row); },
   });
   const band = el('div', { class: 'band', style: { left: 8 * u, right: 8 * u, borderRadius: 8 * u } });
   const picker = el('div', { class: 'picker' }, band, wheel.el);

@@ -2,8 +2,9 @@ import { el, setStyle } from './dom.js';
 
 // A picker wheel as a phone draws one: five rows show and the middle one is the
 // choice. It turns by drag and flick, by the mouse wheel and by the arrow keys,
-// and always comes to rest on a whole row. `onChoose(row)` hears of a row the
-// user settled on or tapped; what the wheel shows otherwise follows `show(row)`.
+// and always comes to rest on a whole row. `onChoose(row, tapped)` hears of a row
+// the user settled on or tapped (a tap counts even on the row already chosen);
+// what the wheel shows otherwise follows `show(row)`.
 // `paint(option, distance, current)` styles a row by how far it is from the middle.
 
 const VISIBLE = 5;
@@ -76,11 +77,11 @@ export function createWheel({ label, height, paint, onChoose, props = {} }) {
   }
 
   // A row the user chose: it is reported at once, the wheel turns there meanwhile.
-  function choose(row) {
+  function choose(row, tapped = false) {
     if (!options.length) return;
     row = clamp(row);
     glide(row);
-    onChoose(row);
+    onChoose(row, tapped);
   }
   // A wheel let go: it reports where it comes to rest.
   const settle = (row) => glide(clamp(row), () => onChoose(resting));
@@ -118,7 +119,7 @@ export function createWheel({ label, height, paint, onChoose, props = {} }) {
       // A tap: the row under the finger.
       const r = box.getBoundingClientRect();
       const offset = (e.clientY - r.top) / d.scale / rowHeight - VISIBLE / 2;
-      return choose(Math.round(d.from + offset));
+      return choose(Math.round(d.from + offset), true);
     }
     const [t0, p0] = d.samples[0];
     const dt = e.timeStamp - t0;
