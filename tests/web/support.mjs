@@ -53,10 +53,14 @@ export function recordingHost(overrides = {}) {
   return host;
 }
 
-// `file` as 16-bit mono at the capture rate, and its samples.
-export function captureRateRecording(file, dir = fs.mkdtempSync(path.join(os.tmpdir(), 'uke-web-'))) {
-  const wav = path.join(dir, path.basename(file).replace(/\.\w+$/, '.wav'));
-  execFileSync('sox', [file, '-r', '14039', '-c', '1', '-b', '16', '-e', 'signed-integer', wav]);
+// Recordings made for one test file, gone when it ends.
+const made = fs.mkdtempSync(path.join(os.tmpdir(), 'uke-web-'));
+process.once('exit', () => fs.rmSync(made, { recursive: true, force: true }));
+
+// `file` as 16-bit mono at the capture rate (or `rate`), and its samples.
+export function captureRateRecording(file, dir = made, rate = 14039) {
+  const wav = path.join(dir, path.basename(file).replace(/\.\w+$/, `-${rate}.wav`));
+  execFileSync('sox', [file, '-r', String(rate), '-c', '1', '-b', '16', '-e', 'signed-integer', wav]);
   return { wav, samples: wavSamples(fs.readFileSync(wav)) };
 }
 

@@ -84,8 +84,8 @@ export class Capture {
   }
 
   // At the capture rate where the browser allows a microphone there, else at its
-  // own rate with the worklet resampling (Firefox joins no two rates). A context
-  // made after the gesture may start: the page is capturing by then.
+  // own rate with the worklet resampling (older Firefox joins no two rates). A
+  // context made after the gesture may start: the page is capturing by then.
   async connect(context) {
     const { AudioContext } = this.env;
     let source = null;
