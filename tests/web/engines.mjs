@@ -337,7 +337,9 @@ class Page {
     return until(`${selector} to be shown and at rest`, async () => {
       const box = await this.evaluate((selector) => {
         const el = document.querySelector(selector);
-        if (!el || el.closest('[hidden]')) return null;
+        // A panel still sliding in would take the press somewhere else (a
+        // browser that misses frames under load can look still between two looks).
+        if (!el || el.closest('[hidden]') || document.getAnimations().some((a) => a.playState !== 'finished')) return null;
         const r = el.getBoundingClientRect();
         if (!r.width || !r.height) return null;
         const x = r.x + r.width / 2, y = r.y + r.height / 2;
