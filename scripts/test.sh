@@ -15,7 +15,7 @@ BUILD_DIR=build scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MOD
 BUILD_DIR=build scripts/package.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF
 scripts/check-package.sh
 # The browser app: the same core as WebAssembly (its estimates checked against the
-# build just tested), the page's ports, and the page in headless Chromium.
+# build just tested), the page's ports, and the page in Chromium, Firefox ESR and WebKitGTK.
 scripts/web.sh
 scripts/web-test.sh
 BUILD_DIR=build-demo scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=ON -DUKE_BUILD_BENCH=OFF
