@@ -1,7 +1,5 @@
 // The listener: its capture queue's states, its level meter, and its estimate of
 // the stored buffer.
-#include <algorithm>
-#include <cmath>
 #include <map>
 #include <string>
 #include <vector>
@@ -131,25 +129,14 @@ TEST_F(Listener, QueueStates) {
     }
 }
 
-TEST_F(Listener, LevelIsRmsAndPeakOfTheLatestBlockOverItsOwnLength) {
-    std::vector<int16_t> square(4096);
-    for (size_t i = 0; i < square.size(); ++i)
-        square[i] = (i % 2) ? 8192 : -8192;
-    square[100] = -16384;
-    const struct {
-        std::vector<int16_t> block;
-        double average, peak;
-    } cases[] = {
-        {square, std::sqrt((4095.0 * 8192.0 * 8192.0 + 16384.0 * 16384.0) / 4096.0) / 32768.0, 0.5},
-        {std::vector<int16_t>(4096, -32768), 1.0, 1.0},
-        {std::vector<int16_t>(4096, 0), 0.0, 0.0},
-        {std::vector<int16_t>(1000, 3276), 3276.0 / 32768.0, 3276.0 / 32768.0},
-    };
+// The levels of every block of the committed recordings, the short last ones too,
+// are in the tool's golden outputs; here full scale, silence and a pause.
+TEST_F(Listener, LevelIsRmsAndPeakOfTheLatestBlock) {
     listener->listen();
-    for (const auto& c : cases) {
-        ASSERT_TRUE(capture.deliver(c.block));
-        EXPECT_FLOAT_EQ(listener->averagePower(), static_cast<float>(c.average)) << c.block.size();
-        EXPECT_FLOAT_EQ(listener->peakPower(), static_cast<float>(c.peak)) << c.block.size();
+    for (const auto& [sample, level] : {std::pair{int16_t{-32768}, 1.0f}, {int16_t{0}, 0.0f}}) {
+        ASSERT_TRUE(capture.deliver(std::vector<int16_t>(4096, sample)));
+        EXPECT_FLOAT_EQ(listener->averagePower(), level) << sample;
+        EXPECT_FLOAT_EQ(listener->peakPower(), level) << sample;
         EXPECT_EQ(listener->levels()[0].mAveragePower, listener->averagePower());
     }
     listener->pause();

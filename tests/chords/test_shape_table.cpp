@@ -21,14 +21,8 @@ TEST(ShapeNotation, RefusesWhatIsNotAShape) {
     }
 }
 
-TEST(ChordShapeTable, EachEntryOnceAndFoundByItsOwnKeys) {
-    const auto& records = ChordShapeTable::records();
-    ASSERT_EQ(records.size(), 600u);
-    for (const ChordShapeRecord& r : records)
-        EXPECT_EQ(ChordShapeTable::find(r.chart, r.root, r.variant), &r.shape)
-            << "twice or unreachable: " << r.chart << " " << r.root << " " << r.variant;
-}
-
+// Every key's shape is in the golden chord charts, and the chord screen tests draw
+// every entry by its keys (an entry filed twice would draw the other's shape).
 TEST(ChordShapeTable, LookupIsAnExactMatchWithoutFallback) {
     // Spelled names ("A#", "B♭") are not keys; neither are missing shapes or charts.
     const std::tuple<int64_t, const char*, const char*> absent[] = {

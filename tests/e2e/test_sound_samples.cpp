@@ -38,17 +38,6 @@ TEST_F(SamplesEndToEnd, StringsPlayTheirRecordings) {
     expectNote(playString(&TunerActions::play4thStringSound), "D3.mp3", 146.832);
 }
 
-TEST_F(SamplesEndToEnd, StringSoundsSwitchedOffPlayNothing) {
-    host->tuner()->toggleStringSounds(false);
-    ASSERT_TRUE(pulse().startRecordingSpeaker(kRecordRate)) << pulse().serverLog();
-    host->tuner()->play2ndStringSound();
-    runFor(1.0);
-    const std::vector<int16_t> rec = pulse().stopRecording();
-    ASSERT_GT(rec.size(), static_cast<size_t>(kRecordRate / 2));
-    const auto [first, last] = soundingPart(rec, 300);
-    EXPECT_GE(first, last) << "something played";
-}
-
 TEST_F(SamplesEndToEnd, ConfirmationBeepsOncePerStringUntilTheResetAboveTheTunersRange) {
     // The beep is prepared when the screen loads and played a while later, as in use.
     runFor(1.0);

@@ -16,7 +16,7 @@ namespace {
 
 class CompiledTable : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(CompiledTable, GivesWhatTheSourceSaysForEveryKey) {
+TEST_P(CompiledTable, GivesWhatTheSourceSaysForEveryKeyAndEveryTextOfTheViews) {
     test::ensureQtApp();
     QtStringTable compiled;
     ASSERT_TRUE(compiled.load(QString::fromStdString(GetParam()))) << "no .qm for " << GetParam();
@@ -32,14 +32,9 @@ TEST_P(CompiledTable, GivesWhatTheSourceSaysForEveryKey) {
     EXPECT_GT(keys, 50u);
     EXPECT_EQ(compiled.lookup("NoSuchKey", "Localizable"), std::nullopt);
     EXPECT_EQ(compiled.localized("HzTitle", "NoSuchTable"), "");
-}
 
-// The views' own words (qsTr in the QML files, one context per file) are in every
-// compiled table: a caption added to a panel without its translations fails here.
-TEST_P(CompiledTable, TranslatesEveryTextOfTheViews) {
-    test::ensureQtApp();
-    QtStringTable compiled;
-    ASSERT_TRUE(compiled.load(QString::fromStdString(GetParam())));
+    // The views' own words (qsTr in the QML files, one context per file) are there
+    // too: a caption added to a panel without its translations fails here.
     const QDir qml(QStringLiteral(UKE_SOURCE_DIR "/src/ui/qml"));
     const QRegularExpression call(QStringLiteral(R"re(qsTr\("([^"]+)"\))re"));
     size_t texts = 0;
@@ -48,8 +43,8 @@ TEST_P(CompiledTable, TranslatesEveryTextOfTheViews) {
         ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
         const std::string context = QFileInfo(name).completeBaseName().toStdString();
         for (const auto& match : call.globalMatch(QString::fromUtf8(file.readAll()))) {
-            const std::string source = match.captured(1).toStdString();
-            EXPECT_NE(compiled.localized(source, context), "") << GetParam() << " " << context << "/" << source;
+            const std::string words = match.captured(1).toStdString();
+            EXPECT_NE(compiled.localized(words, context), "") << GetParam() << " " << context << "/" << words;
             ++texts;
         }
     }

@@ -63,13 +63,6 @@ double finePitch(const Sound& s, double guess) {
     return test::finePitch(s.mono.data() + start, n, s.rate, guess);
 }
 
-std::vector<Pitch> allPitches() {
-    std::vector<Pitch> v;
-    for (size_t i = 0; i < kPitchCount; ++i)
-        v.push_back(static_cast<Pitch>(i));
-    return v;
-}
-
 std::string fileOf(Pitch p) { return std::string(pitchFileStem(p)) + ".mp3"; }
 
 TEST(SoundFiles, ExactlyTheSeventeenNotesAndTheBeepAreThere) {
@@ -90,7 +83,8 @@ TEST(SoundFiles, ExactlyTheSeventeenNotesAndTheBeepAreThere) {
 TEST(SoundFiles, RecordingsArePlucksOfAboutTwoSecondsInTuneToAHundredthOfASemitone) {
     StringTargetTable targets;
     targets.recompute(440.0);
-    for (Pitch p : allPitches()) {
+    for (size_t i = 0; i < kPitchCount; ++i) {
+        const Pitch p = static_cast<Pitch>(i);
         SCOPED_TRACE(fileOf(p));
         const Sound s = load(kSounds / fileOf(p));
         ASSERT_EQ(s.rate, 44100);

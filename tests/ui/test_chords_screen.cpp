@@ -79,21 +79,14 @@ TEST(ChordsScreenView, CellsLineUpWithTheNeckOnEveryClass) {
     }
 }
 
-TEST(ChordsScreenView, WheelsAndTheSpellingSwitchAreWiredBothWays) {
+// From the wheels to the controller, and the spelling switch: the screenshots below.
+TEST(ChordsScreenView, WheelsFollowTheControllerAndTheSwitchItsSpelling) {
     ChordsOnScreen s("phone-667", 3);
     ASSERT_TRUE(s.started);
     QQuickItem* roots = s.item("selectRootChord");
-    QQuickItem* types = s.item("selectVariant");
     EXPECT_EQ(roots->property("count").toInt(), 12);
-    EXPECT_EQ(types->property("count").toInt(), 10);
-    s.expectMarksFollowTheOutlets();
-
-    // From the wheels to the controller...
-    s.pick("selectRootChord", ChordCatalogue::rootKeys, "A#/B♭");
+    EXPECT_EQ(s.item("selectVariant")->property("count").toInt(), 10);
     s.pick("selectVariant", ChordCatalogue::variantKeys(3), "7");
-    EXPECT_EQ(s.text("chordDisplay"), "A#7");
-    s.expectMarksFollowTheOutlets();
-    // ...and from the controller to the wheels.
     s.host->chords()->didSelectRow(1, 4);
     EXPECT_EQ(roots->property("currentIndex").toInt(), 4);
     EXPECT_EQ(s.text("chordDisplay").toStdString(), s.host->chordModel().chordDisplay.text);
@@ -146,6 +139,7 @@ TEST(ChordsScreenView, Screenshots) {
         test::saveForDocs(s.grab(), file);
         EXPECT_EQ(s.text("chordDisplay").toStdString(),
                   ChordCatalogue::chordName(root, variant, flats ? Spelling::Flats : Spelling::Sharps));
+        s.expectMarksFollowTheOutlets();
     }
 }
 

@@ -22,6 +22,7 @@ TEST(TunerScreen, RendersOnEveryKindOfClass) {
     }
 }
 
+// A microphone pulled out and plugged in again: the end-to-end tests, on a real sound server.
 TEST(TunerScreen, ReadOutSaysWhetherTheMicrophoneIsHeard) {
     if (demoModeEnabled)
         GTEST_SKIP() << "the demonstration picture fills the read-out";
@@ -31,14 +32,6 @@ TEST(TunerScreen, ReadOutSaysWhetherTheMicrophoneIsHeard) {
         ASSERT_TRUE(r.started);
         EXPECT_EQ(r.host->hearing(), microphone);
         EXPECT_EQ(r.text("freq_label"), microphone ? "Pluck a string" : "No microphone found");
-    }
-    // A microphone that stops delivering (pulled out) and comes back.
-    RunningApp r("phone-844", "en");
-    ASSERT_TRUE(r.started);
-    for (const bool connected : {false, true, false}) {
-        r.capture->running = connected;
-        test::settle(100);
-        EXPECT_EQ(r.text("freq_label"), connected ? "Pluck a string" : "No microphone found") << connected;
     }
 }
 
