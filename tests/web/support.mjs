@@ -57,10 +57,13 @@ export function recordingHost(overrides = {}) {
 const made = fs.mkdtempSync(path.join(os.tmpdir(), 'uke-web-'));
 process.once('exit', () => fs.rmSync(made, { recursive: true, force: true }));
 
-// `file` as 16-bit mono at the capture rate (or `rate`), and its samples.
+// `file` as 16-bit mono at the capture rate (or `rate`), and its samples. Not
+// dithered: a string's last, fading block can sit between a note and its octave,
+// and two resamplers may then part on it for one draw of the dither's noise and
+// not for another; the same samples every run keep the comparison's outcome fixed.
 export function captureRateRecording(file, dir = made, rate = 14039) {
   const wav = path.join(dir, path.basename(file).replace(/\.\w+$/, `-${rate}.wav`));
-  execFileSync('sox', [file, '-r', String(rate), '-c', '1', '-b', '16', '-e', 'signed-integer', wav]);
+  execFileSync('sox', ['-D', file, '-r', String(rate), '-c', '1', '-b', '16', '-e', 'signed-integer', wav]);
   return { wav, samples: wavSamples(fs.readFileSync(wav)) };
 }
 
