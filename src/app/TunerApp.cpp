@@ -4,6 +4,7 @@
 #include "base/LayoutClass.h"
 #include "chords/ChordsViewController.h"
 #include "rating/RatingPrompt.h"
+#include "tuner/TuningCatalogue.h"
 #include "tuner/ViewController.h"
 
 namespace uke {
@@ -40,6 +41,11 @@ void TunerApp::showWindow(const std::string& storyboard) {
         tuner_->viewDidLoad();
         tuner_->viewWillAppear();
     }
+}
+
+void TunerApp::stepToTuning(long n) {
+    while (state_.chosenTuning < n && TuningCatalogue::contains(state_.chosenTuning + 1))
+        tuner_->showNextTuning();
 }
 
 void TunerApp::selectLanguage(long row) {

@@ -46,6 +46,10 @@ public:
     // storyboard the window was built from.
     std::string start(const WindowBuilder& buildWindow = {});
 
+    // Tuning `n` chosen at start, as a player reaches it: by the arrow, one step at
+    // a time, so each step's redraw and log line happen as they would by hand.
+    void stepToTuning(long n);
+
     // The naming picker: the choice is stored, then applied to the string names.
     void selectLanguage(long row);
 
@@ -58,10 +62,14 @@ public:
     ViewController& tuner() { return *tuner_; }
     // Null while the chord library is closed.
     ChordsViewController* chords() { return chords_.get(); }
+    const ChordsViewController* chords() const { return chords_.get(); }
     TunerScreenModel& tunerScreen() { return tunerScreen_; }
     const TunerScreenModel& tunerScreen() const { return tunerScreen_; }
     ChordScreenModel& chordScreen() { return chordScreen_; }
+    const ChordScreenModel& chordScreen() const { return chordScreen_; }
     SharedState& state() { return state_; }
+    const SharedState& state() const { return state_; }
+    Log& log() { return s_.log; }
     RatingPrompt& rating() { return *rating_; }
     AppDelegate& delegate() { return *delegate_; }
     ToneGenerator& tone() { return tone_; }

@@ -157,6 +157,10 @@ void AppHost::syncFlags() {
         hearing_ = hearing;
         emit hearingChanged();
     }
+    if (const bool open = app_->chordsOpen(); open != chordsOpen_) {
+        chordsOpen_ = open;
+        emit chordsOpenChanged();
+    }
     if (const bool inTune = app_->tunerScreen().inTune(); inTune != inTune_) {
         inTune_ = inTune;
         emit inTuneChanged();
@@ -179,22 +183,6 @@ void AppHost::writeState() {
         f.write(json);
         f.commit();
     }
-}
-
-void AppHost::openChords() {
-    if (app_->chordsOpen())
-        return;
-    app_->openChords();
-    sync();
-    emit chordsOpenChanged();
-}
-
-void AppHost::closeChords() {
-    if (!app_->chordsOpen())
-        return;
-    app_->closeChords();
-    emit chordsOpenChanged();
-    sync();
 }
 
 } // namespace uke

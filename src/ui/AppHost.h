@@ -28,8 +28,9 @@ class AppHost : public QObject {
     // The screens' outlets, one map entry per outlet name.
     Q_PROPERTY(QObject* tunerOutlets READ tunerOutlets CONSTANT)
     Q_PROPERTY(QObject* chordOutlets READ chordOutlets CONSTANT)
-    Q_PROPERTY(uke::TunerActions* tuner READ tuner CONSTANT)
-    Q_PROPERTY(uke::ChordActions* chords READ chords CONSTANT)
+    // The screens' actions, by the app's names: App.tuner.act("showNextTuning").
+    Q_PROPERTY(uke::ScreenActions* tuner READ tuner CONSTANT)
+    Q_PROPERTY(uke::ScreenActions* chords READ chords CONSTANT)
     Q_PROPERTY(uke::QmlAlertPresenter* alert READ alert CONSTANT)
     Q_PROPERTY(QVariantMap layout READ layout CONSTANT)
     Q_PROPERTY(QVariantMap geometry READ geometry CONSTANT)
@@ -67,18 +68,15 @@ public:
     // The QML engine's instance: the host that loads the views.
     static AppHost* create(QQmlEngine* engine, QJSEngine*);
 
-    Q_INVOKABLE void openChords();
-    Q_INVOKABLE void closeChords();
-
     QObject* tunerOutlets() { return &tunerMap_; }
     QObject* chordOutlets() { return &chordsMap_; }
-    TunerActions* tuner() { return &tunerActions_; }
-    ChordActions* chords() { return &chordActions_; }
+    ScreenActions* tuner() { return &tunerActions_; }
+    ScreenActions* chords() { return &chordActions_; }
     QmlAlertPresenter* alert() { return &ports_->alerts; }
     QVariantMap layout() const { return layout_; }
     QVariantMap geometry() const { return geometry_; }
     bool isPad() const { return options_.device.idiom == Idiom::Pad; }
-    bool chordsOpen() const { return app_->chordsOpen(); }
+    bool chordsOpen() const { return chordsOpen_; }
     bool hearing() const { return hearing_; }
     QString idleReadout() const;
     bool inTune() const { return inTune_; }
@@ -120,14 +118,15 @@ private:
 
     OutletMap tunerMap_;
     OutletMap chordsMap_;
-    TunerActions tunerActions_{*this};
-    ChordActions chordActions_{*this};
+    ScreenActions tunerActions_{*this, actions::Screen::Tuner};
+    ScreenActions chordActions_{*this, actions::Screen::Chords};
     QVariantMap layout_;
     QVariantMap geometry_;
     std::unique_ptr<QQmlApplicationEngine> engine_;
     QByteArray lastState_;
     bool hearing_ = true;
     bool inTune_ = false;
+    bool chordsOpen_ = false;
     qreal pixelScale_ = 1.0;
 };
 

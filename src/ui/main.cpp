@@ -122,9 +122,10 @@ void showAtStart(uke::AppHost& host, const QString& show) {
     for (const auto& [name, panel] : kShowable) {
         if (show != name)
             continue;
-        if (*panel == '\0')
-            host.openChords();
-        else if (QQuickItem* sheet = findItem(host.window()->contentItem(), panel))
+        if (*panel == '\0') {
+            host.app().openChords();
+            host.sync();
+        } else if (QQuickItem* sheet = findItem(host.window()->contentItem(), panel))
             sheet->setProperty("open", true);
     }
 }
@@ -176,8 +177,8 @@ int main(int argc, char** argv) {
         return 1;
     if (cl.stats)
         reportFrames(host.window(), sinceStart);
-    for (long t = 1; t < cl.tuning; ++t)
-        host.tuner()->showNextTuning();
+    host.app().stepToTuning(cl.tuning);
+    host.sync();
     if (!cl.show.isEmpty())
         showAtStart(host, cl.show);
 

@@ -140,12 +140,12 @@ TEST(AppWithoutSoundServer, RunsAndSaysThereIsNoMicrophoneAndNoSpeaker) {
         EXPECT_FALSE(host.hearing());
         EXPECT_EQ(host.idleReadout(), "No microphone found");
         EXPECT_EQ(MicListener::sharedListener()->averagePower() + MicListener::sharedListener()->frequency(), 0.0f);
-        host.tuner()->toggleStringSounds(true);
+        host.tuner()->act("toggleStringSounds", true);
         for (int twice = 0; twice < 2; ++twice) {
-            host.tuner()->playA440Hz();
-            host.tuner()->play1stStringSound();
+            host.tuner()->act("playA440Hz");
+            host.tuner()->act("play1stStringSound");
             QCoreApplication::processEvents();
-            host.tuner()->stopFreqPlay();
+            host.tuner()->act("stopFreqPlay");
         }
         return;
     }

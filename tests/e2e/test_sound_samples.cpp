@@ -8,10 +8,10 @@ namespace {
 class SamplesEndToEnd : public SoundEndToEnd {
 protected:
     // Plays one string's recording with string sounds on and returns what the speaker played.
-    std::vector<int16_t> playString(void (TunerActions::*play)(), double seconds = 2.6) {
-        host->tuner()->toggleStringSounds(true);
+    std::vector<int16_t> playString(const char* play, double seconds = 2.6) {
+        host->tuner()->act("toggleStringSounds", true);
         EXPECT_TRUE(pulse().startRecordingSpeaker(kRecordRate)) << pulse().serverLog();
-        (host->tuner()->*play)();
+        host->tuner()->act(play);
         runFor(seconds);
         return pulse().stopRecording();
     }
@@ -31,11 +31,11 @@ protected:
 
 // Standard tuning's first string, then baritone double D's fourth, in one running app.
 TEST_F(SamplesEndToEnd, StringsPlayTheirRecordings) {
-    expectNote(playString(&TunerActions::play1stStringSound), "A4.mp3", 440.0);
+    expectNote(playString("play1stStringSound"), "A4.mp3", 440.0);
     for (int i = 1; i < 11; ++i)
-        host->tuner()->showNextTuning();
+        host->tuner()->act("showNextTuning");
     ASSERT_EQ(host->state().chosenTuning, 11);
-    expectNote(playString(&TunerActions::play4thStringSound), "D3.mp3", 146.832);
+    expectNote(playString("play4thStringSound"), "D3.mp3", 146.832);
 }
 
 TEST_F(SamplesEndToEnd, ConfirmationBeepsOncePerStringUntilTheResetAboveTheTunersRange) {

@@ -77,11 +77,11 @@ TEST_F(ToneEndToEnd, TuningForkSheetSoundsA440AndStopSilencesIt) {
 
 TEST_F(ToneEndToEnd, SecondStringRetunesTheRunningToneWithoutABreak) {
     ASSERT_TRUE(pulse().startRecordingSpeaker(kRecordRate)) << pulse().serverLog();
-    host->tuner()->playA440Hz();
+    host->tuner()->act("playA440Hz");
     runFor(1.0);
-    host->tuner()->playE329_6();
+    host->tuner()->act("playE329_6");
     runFor(1.0);
-    host->tuner()->stopFreqPlay();
+    host->tuner()->act("stopFreqPlay");
     runFor(0.4);
     const std::vector<int16_t> rec = pulse().stopRecording();
 

@@ -87,7 +87,7 @@ struct RunningApp {
     }
 
     QQuickWindow* window() const { return host->window(); }
-    TunerActions& tuner() const { return *host->tuner(); }
+    ScreenActions& tuner() const { return *host->tuner(); }
     QString settingsPath() const { return dir.filePath("settings.ini"); }
     // What the app has written to its store, read as a fresh process would.
     QVariant stored(const char* key) const { return QSettings(settingsPath(), QSettings::IniFormat).value(key); }

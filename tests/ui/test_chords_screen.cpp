@@ -14,7 +14,7 @@ namespace {
 struct ChordsOnScreen : test::RunningApp {
     ChordsOnScreen(const char* device, int64_t chart) : RunningApp(device) {
         host->state().chosenUkuleleType = chart;
-        host->openChords();
+        tuner().act("openChords");
     }
     // What an image view shows, "" when it is hidden or empty.
     QString shown(const std::string& name) const {
@@ -87,7 +87,7 @@ TEST(ChordsScreenView, WheelsFollowTheControllerAndTheSwitchItsSpelling) {
     EXPECT_EQ(roots->property("count").toInt(), 12);
     EXPECT_EQ(s.item("selectVariant")->property("count").toInt(), 10);
     s.pick("selectVariant", ChordCatalogue::variantKeys(3), "7");
-    s.host->chords()->didSelectRow(1, 4);
+    s.host->chords()->act("didSelectRow", 1, 4);
     EXPECT_EQ(roots->property("currentIndex").toInt(), 4);
     EXPECT_EQ(s.text("chordDisplay").toStdString(), s.host->chordModel().chordDisplay.text);
 
@@ -114,7 +114,7 @@ TEST(ChordsScreenView, OpensFromTheTunerOnItsChartAndGoesBack) {
     EXPECT_FALSE(s.host->chordsOpen());
     EXPECT_EQ(s.item("chordDisplay"), nullptr);
     EXPECT_TRUE(s.item("currentTuningName")->isVisible());
-    s.host->chords()->toggleSharpOfFlat(); // no screen: ignored
+    EXPECT_FALSE(s.host->chords()->act("toggleSharpOfFlat")); // no screen: refused
 }
 
 TEST(ChordsScreenView, Screenshots) {

@@ -89,7 +89,7 @@ TEST(DesktopWindow, ScalesToAnySizeCentredWholeAndDrawnAtItsPixels) {
 TEST(DesktopKeyboard, ShortcutsReachTheirActions) {
     RunningApp r;
     ASSERT_TRUE(r.started);
-    r.tuner().toggleStringSounds(true);
+    r.tuner().act("toggleStringSounds", true);
     r.window()->requestActivate();
     ASSERT_TRUE(QTest::qWaitForWindowActive(r.window()));
     const auto keys = [&](std::initializer_list<int> ks, Qt::KeyboardModifiers m = Qt::NoModifier) {
@@ -208,10 +208,10 @@ TEST(DesktopAccessibility, ButtonsAndReadOutsHaveNamesAndRoles) {
         everyPressableIsNamed(panel);
     }
     r.item("aboutSheet")->setProperty("open", false);
-    r.host->openChords();
+    r.host->tuner()->act("openChords");
     test::settle(300);
     everyPressableIsNamed("chords");
-    r.host->closeChords();
+    r.host->chords()->act("closeChords");
     test::settle(300);
 
     // A press through the screen reader is a tap.

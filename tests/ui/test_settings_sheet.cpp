@@ -132,7 +132,7 @@ TEST(Screenshots, SettingsOnPhoneAndPadAndTheNamingSystems) {
         if (namingRow < 0)
             r.openSheet("settingsSheet");
         else
-            r.tuner().didSelectRow(namingRow);
+            r.tuner().act("didSelectRow", namingRow);
         test::saveForDocs(r.grab(), file);
     }
 }

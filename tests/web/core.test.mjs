@@ -99,7 +99,7 @@ test('only what changed reaches the page, and nothing while the screen is steady
   assert.equal(first.chordsOpen, false);
   app.advanceTo(0.5);
   assert.equal(app.changes(), '');
-  assert.ok(app.tunerAction('showNextTuning', 0));
+  assert.ok(app.act('tuner', 'showNextTuning', []));
   const next = JSON.parse(app.changes());
   assert.ok(next.tuner.firstString, 'the new tuning\'s notes');
   assert.equal(next.tuner.showPreviousTuningButton.hidden, false);
@@ -108,14 +108,17 @@ test('only what changed reaches the page, and nothing while the screen is steady
 });
 
 test('actions from the page are checked before they reach the core', () => {
-  const app = new core.WebApp(recordingHost());
+  const host = recordingHost();
+  const app = new core.WebApp(host);
   app.start();
-  for (const [name, arg] of [['noSuchAction', 0], ['micSensitivity', NaN], ['didSelectRow', 1.5], ['didSelectRow', 1e12]])
-    assert.equal(app.tunerAction(name, arg), false, `${name}(${arg})`);
-  assert.equal(app.chordAction('didSelectRow', 0, 1), false, 'the chord screen is closed');
-  app.openChords();
-  assert.equal(app.chordAction('didSelectRow', 0, Infinity), false);
-  assert.equal(app.chordAction('didSelectRow', 0, 3), true);
+  for (const [screen, name, args] of [['tuner', 'noSuchAction', []], ['tuner', 'micSensitivity', [NaN]],
+    ['tuner', 'didSelectRow', [1.5]], ['tuner', 'didSelectRow', [1e12]], ['tuner', 'showNextTuning', [1]],
+    ['chords', 'didSelectRow', [1, 1]], ['nowhere', 'showNextTuning', []]])
+    assert.equal(app.act(screen, name, args), false, `${screen}.${name}(${args})`);
+  assert.match(host.logged.at(-2), /^Action didSelectRow refused: the chord library is not open$/);
+  assert.ok(app.act('tuner', 'openChords', []));
+  assert.equal(app.act('chords', 'didSelectRow', [1, Infinity]), false);
+  assert.equal(app.act('chords', 'didSelectRow', [1, 3]), true);
   app.delete();
 });
 
@@ -135,8 +138,8 @@ test('settings reach the page\'s store with their types', () => {
   const host = recordingHost();
   const app = new core.WebApp(host);
   app.start();
-  app.tunerAction('setFrequencyValue', 442);
-  app.tunerAction('soundNotificationAction', 0);
+  app.act('tuner', 'setFrequencyValue', [442]);
+  app.act('tuner', 'soundNotificationAction', [0]);
   const tags = new Set([...host.values.values()].map(([tag]) => tag));
   assert.ok(tags.has('b') && tags.has('i'), [...tags].join());
   app.delete();

@@ -32,9 +32,9 @@ test('settings survive a reload with their types, through the core\'s typed read
     return changes;
   };
   run((app) => {
-    app.tunerAction('setFrequencyValue', 442);
-    app.tunerAction('micSensitivity', 8);
-    app.tunerAction('toggleStringSounds', 1);
+    app.act('tuner', 'setFrequencyValue', [442]);
+    app.act('tuner', 'micSensitivity', [8]);
+    app.act('tuner', 'toggleStringSounds', [1]);
   });
   const again = run(() => {});
   assert.equal(again.tuner.setFrequencyValueStepper.value, 442);
@@ -182,7 +182,7 @@ test('the page wakes the core only when something can happen, and shows a block 
   // of wakes in a minute where a 10 ms timer would make six thousand.
   const wakes = timers.wakes;
   clock.catchUp();
-  app.tunerAction('showNextTuning', 0);
+  app.act('tuner', 'showNextTuning', []);
   clock.poke();
   assert.ok(app.nextMessageDue() >= 0);
   timers.advance(60000);

@@ -20,8 +20,7 @@ void TunerSession::start() {
     st.setInteger(keys::savedA4Calibration, options_.a4);
     st.setBool(keys::NewLaunchOrvel, true);
     app_.start();
-    for (long t = 1; t < options_.tuning; ++t)
-        app_.tuner().showNextTuning();
+    app_.stepToTuning(options_.tuning);
     if (options_.sensitivity)
         app_.tuner().micSensitivity(static_cast<float>(*options_.sensitivity));
 }

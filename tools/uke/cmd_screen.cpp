@@ -10,125 +10,60 @@
 
 #include "Args.h"
 #include "Commands.h"
+#include "app/Actions.h"
 #include "app/TunerApp.h"
 #include "audio/PitchSource.h"
 #include "base/LayoutClass.h"
 #include "base/OutletJson.h"
 #include "platform/virtual/TsStringTable.h"
 #include "platform/virtual/VirtualPlatform.h"
-#include "tuner/TunerScreenModel.h"
-#include "tuner/TuningCatalogue.h"
-#include "tuner/ViewController.h"
 
 namespace uke::tool {
 
 namespace {
 
-enum class Kind { Next, Previous, Appear, SelectLanguage, Slider, Stepper, Switch, Wait };
-
-struct Action {
-    Kind kind;
+// One --do value: an action of the app's table with its arguments, or a wait
+// on the virtual clock, which is the tool's own.
+struct Step {
     std::string text; // as given, for messages
-    double number = 0.0;
-    std::string which; // switch: beep, strings or chart
-    bool on = false;
+    const actions::Action* action = nullptr;
+    std::vector<double> args;
+    double wait = 0.0;
 };
 
-bool parseNumber(const std::string& word, double& out) {
-    if (word.empty())
-        return false;
-    char* end = nullptr;
-    out = std::strtod(word.c_str(), &end);
-    return *end == '\0' && std::isfinite(out);
-}
-
-// One --do value; false with a reason when it is not an action the screen can take
-// at that point. `tuning` follows the arrows from tuning 1, where every launch starts,
-// so that a script is refused before anything runs or is stored.
-bool parseAction(const std::string& text, Action& a, int64_t& tuning, std::string& error) {
+bool parseStep(const std::string& text, Step& step, std::string& error) {
+    step.text = text;
     std::istringstream in(text);
     std::vector<std::string> w;
     for (std::string word; in >> word;)
         w.push_back(word);
-    a.text = text;
-    auto wrongCount = [&](const char* usage) {
-        error = "--do '" + text + "': expected '" + usage + "'";
-        return false;
-    };
-    if (w.empty()) {
-        error = "--do needs an action";
-        return false;
-    }
-    const std::string& name = w[0];
-    if (name == "next" || name == "previous" || name == "appear") {
-        if (w.size() != 1)
-            return wrongCount(name.c_str());
-        a.kind = name == "next" ? Kind::Next : name == "previous" ? Kind::Previous : Kind::Appear;
-        const int64_t to = tuning + (a.kind == Kind::Next ? 1 : a.kind == Kind::Previous ? -1 : 0);
-        if (!TuningCatalogue::contains(to)) {
-            error = "--do '" + text + "': there is no tuning " + (a.kind == Kind::Next ? "after " : "before ") +
-                    std::to_string(tuning);
+    if (!w.empty() && w[0] == "wait") {
+        char* end = nullptr;
+        if (w.size() != 2) {
+            error = "--do '" + text + "': expected 'wait SECONDS'";
             return false;
         }
-        tuning = to;
-        return true;
-    }
-    if (name == "select-language") {
-        if (w.size() != 2)
-            return wrongCount("select-language ROW");
-        if (!parseNumber(w[1], a.number) || a.number != std::floor(a.number) || a.number < 0 || a.number > 5) {
-            error = "--do '" + text + "': the picker has rows 0 to 5";
-            return false;
-        }
-        a.kind = Kind::SelectLanguage;
-        return true;
-    }
-    if (name == "slider" || name == "stepper" || name == "wait") {
-        if (w.size() != 2)
-            return wrongCount(name == "wait" ? "wait SECONDS" : (name + " VALUE").c_str());
-        if (!parseNumber(w[1], a.number)) {
+        step.wait = std::strtod(w[1].c_str(), &end);
+        if (*end != '\0' || !std::isfinite(step.wait)) {
             error = "--do '" + text + "': '" + w[1] + "' is not a number";
             return false;
         }
-        a.kind = name == "slider" ? Kind::Slider : name == "stepper" ? Kind::Stepper : Kind::Wait;
-        // The controls' ranges are the layout's, the same on every device.
-        const TunerScreenModel layout;
-        double lo = 0.0, hi = 3600.0;
-        if (a.kind == Kind::Slider) {
-            lo = layout.micSensitivitySlider.minimum;
-            hi = layout.micSensitivitySlider.maximum;
-        } else if (a.kind == Kind::Stepper) {
-            lo = layout.setFrequencyValueStepper.minimum;
-            hi = layout.setFrequencyValueStepper.maximum;
-        }
-        if (a.number < lo || a.number > hi) {
-            char range[64];
-            std::snprintf(range, sizeof range, "%g to %g", lo, hi);
-            error = "--do '" + text + "': " + name + " takes " + range;
+        if (step.wait < 0 || step.wait > 3600) {
+            error = "--do '" + text + "': wait takes 0 to 3600";
             return false;
         }
         return true;
     }
-    if (name == "switch") {
-        if (w.size() != 3)
-            return wrongCount("switch beep|strings|chart on|off");
-        if (w[1] != "beep" && w[1] != "strings" && w[1] != "chart") {
-            error = "--do '" + text + "': the switches are beep, strings and chart";
-            return false;
-        }
-        if (w[2] != "on" && w[2] != "off") {
-            error = "--do '" + text + "': a switch is turned on or off";
-            return false;
-        }
-        a.kind = Kind::Switch;
-        a.which = w[1];
-        a.on = w[2] == "on";
-        return true;
-    }
-    error = "unknown action '" + name +
-            "' (next, previous, appear, select-language ROW, slider VALUE, stepper VALUE, "
-            "switch beep|strings|chart on|off, wait SECONDS)";
-    return false;
+    actions::Scripted scripted = actions::parse(text);
+    if (scripted.unknown)
+        error = scripted.error + " (" + actions::scriptUsage() + ", wait SECONDS)";
+    else if (w.empty())
+        error = "--do " + scripted.error;
+    else if (!scripted.action)
+        error = "--do '" + text + "': " + scripted.error;
+    step.action = scripted.action;
+    step.args = std::move(scripted.args);
+    return step.action != nullptr;
 }
 
 // The language of the process's locale, as the app would follow it.
@@ -187,26 +122,18 @@ public:
         platform.runLoop.runPending();
     }
 
-    void apply(const Action& a) {
-        ViewController& c = app->tuner();
-        switch (a.kind) {
-        case Kind::Next: c.showNextTuning(); break;
-        case Kind::Previous: c.showPreviousTuning(); break;
-        case Kind::Appear: c.viewWillAppear(); break;
-        case Kind::SelectLanguage: app->selectLanguage(static_cast<long>(a.number)); break;
-        case Kind::Slider: c.micSensitivity(static_cast<float>(a.number)); break;
-        case Kind::Stepper: c.setFrequencyValue(a.number); break;
-        case Kind::Switch:
-            if (a.which == "beep")
-                c.soundNotificationAction(a.on);
-            else if (a.which == "strings")
-                c.toggleStringSounds(a.on);
-            else
-                c.toggleFreqChart(a.on);
-            break;
-        case Kind::Wait: platform.runLoop.advanceBy(a.number); break;
+    // Runs one step; false with the app's reason when the action is refused here.
+    bool apply(const Step& step, std::string& error) {
+        if (step.action) {
+            error = actions::refusal(*app, *step.action, step.args);
+            if (!error.empty())
+                return false;
+            step.action->run(*app, step.args);
+        } else {
+            platform.runLoop.advanceBy(step.wait);
         }
         platform.runLoop.runPending();
+        return true;
     }
 
     void printJson(std::ostream& out) const {
@@ -278,16 +205,26 @@ int cmdScreen(const Words& words, std::ostream& out, std::ostream& err) {
         }
     }
 
-    std::vector<Action> actions;
-    int64_t tuning = TuningCatalogue::kFirst;
+    std::vector<Step> steps;
     for (const auto& text : args.values("do")) {
-        Action a{};
+        Step step;
         std::string error;
-        if (!parseAction(text, a, tuning, error)) {
+        if (!parseStep(text, step, error)) {
             err << "uke screen: " << error << "\n";
             return 2;
         }
-        actions.push_back(a);
+        steps.push_back(std::move(step));
+    }
+    // The script is played once on a scratch app first, so that a step the app
+    // refuses (an arrow past the last tuning) stops it before anything is stored.
+    {
+        ScreenRun trial(device, language, nullptr);
+        for (const Step& step : steps) {
+            if (std::string error; !trial.apply(step, error)) {
+                err << "uke screen: --do '" << step.text << "': " << error << "\n";
+                return 2;
+            }
+        }
     }
 
     std::unique_ptr<IniFileSettingsStore> ini;
@@ -306,8 +243,12 @@ int cmdScreen(const Words& words, std::ostream& out, std::ostream& err) {
     }
 
     ScreenRun run(device, language, ini.get());
-    for (const Action& a : actions)
-        run.apply(a);
+    for (const Step& step : steps) {
+        if (std::string error; !run.apply(step, error)) {
+            err << "uke screen: --do '" << step.text << "': " << error << "\n";
+            return 2;
+        }
+    }
     if (fmt == "json")
         run.printJson(out);
     else

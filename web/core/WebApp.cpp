@@ -4,56 +4,13 @@
 #include <cmath>
 #include <functional>
 
+#include "app/Actions.h"
 #include "base/LayoutClass.h"
 #include "base/OutletJson.h"
-#include "chords/ChordsViewController.h"
-#include "tuner/ViewController.h"
 
 using emscripten::val;
 
 namespace uke::web {
-
-namespace {
-
-using TunerAction = std::function<void(ViewController&, double)>;
-
-// The tuner's actions as the page names them: the controller's own names, the one
-// list the views may call.
-const std::map<std::string, TunerAction>& tunerActions() {
-    static const std::map<std::string, TunerAction> actions = {
-        {"showNextTuning", [](ViewController& c, double) { c.showNextTuning(); }},
-        {"showPreviousTuning", [](ViewController& c, double) { c.showPreviousTuning(); }},
-        {"playA440Hz", [](ViewController& c, double) { c.playA440Hz(); }},
-        {"playE329_6", [](ViewController& c, double) { c.playE329_6(); }},
-        {"playC261_6Hz", [](ViewController& c, double) { c.playC261_6Hz(); }},
-        {"playG392Hz", [](ViewController& c, double) { c.playG392Hz(); }},
-        {"stopFreqPlay", [](ViewController& c, double) { c.stopFreqPlay(); }},
-        {"play1stStringSound", [](ViewController& c, double) { c.play1stStringSound(); }},
-        {"play2ndStringSound", [](ViewController& c, double) { c.play2ndStringSound(); }},
-        {"play3rdStringSound", [](ViewController& c, double) { c.play3rdStringSound(); }},
-        {"play4thStringSound", [](ViewController& c, double) { c.play4thStringSound(); }},
-        {"micSensitivity", [](ViewController& c, double v) { c.micSensitivity(static_cast<float>(v)); }},
-        {"setFrequencyValue", [](ViewController& c, double v) { c.setFrequencyValue(v); }},
-        {"soundNotificationAction", [](ViewController& c, double v) { c.soundNotificationAction(v != 0.0); }},
-        {"toggleStringSounds", [](ViewController& c, double v) { c.toggleStringSounds(v != 0.0); }},
-        {"toggleFreqChart", [](ViewController& c, double v) { c.toggleFreqChart(v != 0.0); }},
-        {"reviewQuenby", [](ViewController& c, double) { c.reviewQuenby(); }},
-        {"redirectToMorvaneLabs", [](ViewController& c, double) { c.redirectToMorvaneLabs(); }},
-        {"disableTemporarilySoundConfirmation",
-         [](ViewController& c, double) { c.disableTemporarilySoundConfirmation(); }},
-        {"enableSoundConfirmation", [](ViewController& c, double) { c.enableSoundConfirmation(); }},
-    };
-    return actions;
-}
-
-// Whole, finite and in range, or nothing: the page's numbers come from outside.
-std::optional<long> wholeNumber(double v) {
-    if (!(v >= -2147483648.0 && v <= 2147483647.0) || v != static_cast<double>(static_cast<long>(v)))
-        return std::nullopt;
-    return static_cast<long>(v);
-}
-
-} // namespace
 
 WebApp::WebApp(val host)
     : ports_(host), attachment_(ports_.capture, ports_.log),
@@ -134,49 +91,15 @@ std::string WebApp::changes() {
     return out.empty() ? std::string{} : "{" + out + "}";
 }
 
-bool WebApp::tunerAction(const std::string& name, double argument) {
+bool WebApp::act(const std::string& screen, const std::string& name, const val& args) {
     dirty_ = true;
-    if (name == "didSelectRow") {
-        const auto row = wholeNumber(argument);
-        if (!row)
-            return false;
-        app_->selectLanguage(*row);
-        return true;
+    if (screen != "tuner" && screen != "chords") {
+        ports_.log.log("Action " + name + " refused: there is no screen " + screen);
+        return false;
     }
-    const auto it = tunerActions().find(name);
-    if (it == tunerActions().end() || !std::isfinite(argument))
-        return false;
-    it->second(app_->tuner(), argument);
-    return true;
-}
-
-bool WebApp::chordAction(const std::string& name, double tag, double row) {
-    ChordsViewController* chords = app_->chords();
-    if (!chords)
-        return false;
-    dirty_ = true;
-    if (name == "toggleSharpOfFlat") {
-        chords->toggleSharpOfFlat();
-        return true;
-    }
-    const auto t = wholeNumber(tag);
-    const auto r = wholeNumber(row);
-    if (name != "didSelectRow" || !t || !r)
-        return false;
-    chords->didSelectRow(*t, *r);
-    return true;
-}
-
-void WebApp::openChords() {
-    if (!app_->chordsOpen())
-        app_->openChords();
-    dirty_ = true;
-}
-
-void WebApp::closeChords() {
-    if (app_->chordsOpen())
-        app_->closeChords();
-    dirty_ = true;
+    const std::vector<double> values = emscripten::convertJSArrayToNumberVector<double>(args);
+    return actions::run(*app_, screen == "tuner" ? actions::Screen::Tuner : actions::Screen::Chords, name, values)
+        .empty();
 }
 
 void WebApp::alertChosen(int index) {

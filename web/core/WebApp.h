@@ -44,11 +44,9 @@ public:
     //  "chordsOpen": b}, with only the keys that changed; "" when nothing did.
     std::string changes();
 
-    // The player's actions, by the controllers' own names.
-    bool tunerAction(const std::string& name, double argument);
-    bool chordAction(const std::string& name, double tag, double row);
-    void openChords();
-    void closeChords();
+    // The player's action `name` on `screen` ("tuner" or "chords"), with its
+    // arguments; false when the core refused it (its log says why).
+    bool act(const std::string& screen, const std::string& name, const emscripten::val& args);
     void alertChosen(int index);
 
     // The page's worklet hands over one captured block of 16-bit samples.

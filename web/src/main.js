@@ -123,10 +123,10 @@ async function boot() {
         tr: strings.tr,
         listening: micOpen,
         art: (name) => `art/${name.replace(/\.png$/, '.svg')}`,
-        tuner: act((name, arg = 0) => app.tunerAction(name, Number(arg))),
-        chord: act((name, tag = 0, row = 0) => app.chordAction(name, tag, row)),
-        openChords: act(() => app.openChords()),
-        closeChords: act(() => app.closeChords()),
+        // A screen's action by the core's name, with the control's values (a
+        // switch's on as 1); the core refuses what it does not know.
+        tuner: act((name, ...args) => app.act('tuner', name, args.map(Number))),
+        chord: act((name, ...args) => app.act('chords', name, args.map(Number))),
         alertChosen: act((index) => app.alertChosen(index)),
       });
       return true;

@@ -88,12 +88,12 @@ Sheet {
             objectName: "reviewButton"
             primary: true
             text: qsTr("Rate the app")
-            onClicked: App.tuner.reviewQuenby()
+            onClicked: App.tuner.act("reviewQuenby")
         }
         PanelButton {
             objectName: "makerButton"
             text: qsTr("Visit the maker")
-            onClicked: App.tuner.redirectToMorvaneLabs()
+            onClicked: App.tuner.act("redirectToMorvaneLabs")
         }
     }
 }

@@ -55,7 +55,7 @@ Rectangle {
         function report() {
             if (!outlet || count === 0 || currentIndex < 0 || currentIndex === outlet.selectedRow)
                 return
-            App.chords.didSelectRow(outlet.tag, currentIndex)
+            App.chords.act("didSelectRow", outlet.tag, currentIndex)
         }
         // A row tapped, pressed by a screen reader or reached by a key.
         function choose(row) {
@@ -108,7 +108,7 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             width: lay.titleHeight; height: lay.titleHeight
             icon: "arrow_left.png"
-            onClicked: App.closeChords()
+            onClicked: App.chords.act("closeChords")
         }
         Column {
             anchors.centerIn: parent
@@ -161,7 +161,7 @@ Rectangle {
             property var outlet: o.buttonFlatOrSharp
             readonly property string icon: outlet ? outlet.image : ""
             signal clicked()
-            onClicked: App.chords.toggleSharpOfFlat()
+            onClicked: App.chords.act("toggleSharpOfFlat")
             Accessible.role: Accessible.Button
             Accessible.name: qsTr("Sharps or flats")
             Accessible.onPressAction: clicked()

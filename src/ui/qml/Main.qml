@@ -54,16 +54,16 @@ Window {
             onOpenAbout: aboutSheet.open = true
             onOpenTuningFork: {
                 tuningForkSheet.open = true
-                App.tuner.disableTemporarilySoundConfirmation()
+                App.tuner.act("disableTemporarilySoundConfirmation")
             }
-            onOpenChords: App.openChords()
+            onOpenChords: App.tuner.act("openChords")
         }
         SettingsSheet { id: settingsSheet; objectName: "settingsSheet" }
         AboutSheet { id: aboutSheet; objectName: "aboutSheet" }
         TuningForkSheet {
             id: tuningForkSheet
             objectName: "tuningForkSheet"
-            onClosed: App.tuner.enableSoundConfirmation()
+            onClosed: App.tuner.act("enableSoundConfirmation")
         }
         Loader {
             anchors.fill: parent
@@ -83,12 +83,12 @@ Window {
     Shortcut {
         sequence: "Left"
         enabled: window.tunerInFront && !App.tunerOutlets.showPreviousTuningButton.hidden
-        onActivated: App.tuner.showPreviousTuning()
+        onActivated: App.tuner.act("showPreviousTuning")
     }
     Shortcut {
         sequence: "Right"
         enabled: window.tunerInFront && !App.tunerOutlets.showNextTuningButton.hidden
-        onActivated: App.tuner.showNextTuning()
+        onActivated: App.tuner.act("showNextTuning")
     }
     // 1 to 4: the strings' tones in the tuning fork, their recordings on the tuner.
     component StringKey: Shortcut {
@@ -111,7 +111,7 @@ Window {
                     return
                 }
             }
-            App.closeChords()
+            App.chords.act("closeChords")
         }
     }
 }

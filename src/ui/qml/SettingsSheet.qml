@@ -140,7 +140,7 @@ Sheet {
                     onPressedChanged: {
                         if (pressed)
                             return
-                        App.tuner.micSensitivity(value)
+                        App.tuner.act("micSensitivity", value)
                         // Show what the controller made of it, even when that equals the old value.
                         value = Qt.binding(function() { return o.micSensitivitySlider.value })
                     }
@@ -249,7 +249,7 @@ Sheet {
 
                     // The controller keeps the value within the stepper's range.
                     function step(direction) {
-                        App.tuner.setFrequencyValue(outlet.value + direction * outlet.stepValue)
+                        App.tuner.act("setFrequencyValue", outlet.value + direction * outlet.stepValue)
                     }
 
                     Repeater {
@@ -311,7 +311,7 @@ Sheet {
                 captionName: "soundNotificationLabel"
                 caption: o.soundNotificationLabel
                 outlet: o.soundNotificationSwitch
-                onSwitched: on => App.tuner.soundNotificationAction(on)
+                onSwitched: on => App.tuner.act("soundNotificationAction", on)
             }
             Separator {}
             SwitchRow {
@@ -319,7 +319,7 @@ Sheet {
                 captionName: "stringSoundsLabel"
                 caption: o.stringSoundsLabel
                 outlet: o.stringSoundsSwitch
-                onSwitched: on => App.tuner.toggleStringSounds(on)
+                onSwitched: on => App.tuner.act("toggleStringSounds", on)
             }
             Separator {}
             SwitchRow {
@@ -327,7 +327,7 @@ Sheet {
                 captionName: "frequencyChartLabel"
                 caption: o.frequencyChartLabel
                 outlet: o.freqChartSwitch
-                onSwitched: on => App.tuner.toggleFreqChart(on)
+                onSwitched: on => App.tuner.act("toggleFreqChart", on)
             }
         }
 
@@ -376,7 +376,7 @@ Sheet {
                     function choose(row) {
                         if (row < 0 || row >= count)
                             return
-                        App.tuner.didSelectRow(row)
+                        App.tuner.act("didSelectRow", row)
                         if (currentIndex !== row)
                             positionViewAtIndex(row, Tumbler.Center)
                     }

@@ -20,10 +20,10 @@ Item {
         if (stringLabels[n - 1].hidden)
             return
         switch (n) {
-        case 1: App.tuner.play1stStringSound(); break
-        case 2: App.tuner.play2ndStringSound(); break
-        case 3: App.tuner.play3rdStringSound(); break
-        case 4: App.tuner.play4thStringSound(); break
+        case 1: App.tuner.act("play1stStringSound"); break
+        case 2: App.tuner.act("play2ndStringSound"); break
+        case 3: App.tuner.act("play3rdStringSound"); break
+        case 4: App.tuner.act("play4thStringSound"); break
         }
     }
 
@@ -48,7 +48,7 @@ Item {
             width: lay.titleHeight; height: lay.titleHeight
             icon: "arrow_left.png"
             visible: !o.showPreviousTuningButton.hidden
-            onClicked: App.tuner.showPreviousTuning()
+            onClicked: App.tuner.act("showPreviousTuning")
         }
         Text {
             objectName: "currentTuningName"
@@ -71,7 +71,7 @@ Item {
             width: lay.titleHeight; height: lay.titleHeight
             icon: "arrow_right.png"
             visible: !o.showNextTuningButton.hidden
-            onClicked: App.tuner.showNextTuning()
+            onClicked: App.tuner.act("showNextTuning")
         }
     }
 

@@ -14,10 +14,10 @@ Sheet {
     // The buttons from left to right: strings 4, 3, 2, 1.
     function playFork(button) {
         switch (button) {
-        case 0: App.tuner.playG392Hz(); break
-        case 1: App.tuner.playC261_6Hz(); break
-        case 2: App.tuner.playE329_6(); break
-        case 3: App.tuner.playA440Hz(); break
+        case 0: App.tuner.act("playG392Hz"); break
+        case 1: App.tuner.act("playC261_6Hz"); break
+        case 2: App.tuner.act("playE329_6"); break
+        case 3: App.tuner.act("playA440Hz"); break
         }
     }
     readonly property var buttonOutlets: [o.g4TFButton, o.c4TFButton, o.e4TFButton, o.a4TFButton]
@@ -107,7 +107,7 @@ Sheet {
             objectName: "stopFreqPlayButton"
             Accessible.role: Accessible.Button
             Accessible.name: qsTr("Stop")
-            Accessible.onPressAction: App.tuner.stopFreqPlay()
+            Accessible.onPressAction: App.tuner.act("stopFreqPlay")
             anchors.horizontalCenter: parent.horizontalCenter
             width: Math.min(content.width, 200 * sheet.u)
             height: lay.labelFont * 2.2
@@ -122,7 +122,7 @@ Sheet {
                 font.pixelSize: lay.labelFont
                 font.bold: true
             }
-            MouseArea { id: stop; anchors.fill: parent; onClicked: App.tuner.stopFreqPlay() }
+            MouseArea { id: stop; anchors.fill: parent; onClicked: App.tuner.act("stopFreqPlay") }
         }
     }
 }

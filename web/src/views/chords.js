@@ -33,7 +33,7 @@ export function createChords(v) {
   const back = iconButton({
     label: tr('Back to the tuner'), icon: ctx.art('arrow_left.png'), size: lay.titleHeight, 'data-name': 'chordsBack',
     style: { left: m / 2, top: lay.topInset + (titleBlock - lay.titleHeight) / 2 },
-    onclick: () => ctx.closeChords(),
+    onclick: () => ctx.chord('closeChords'),
   });
   const titleWidth = W - 2.6 * lay.titleHeight;
   screen.append(back, el('div', {

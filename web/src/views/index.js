@@ -102,7 +102,7 @@ export function createViews(root, ctx) {
     case 'Escape': {
       const open = sheets.find((s) => s.isOpen);
       if (open) open.close();
-      else if (state.chordsOpen) ctx.closeChords();
+      else if (state.chordsOpen) ctx.chord('closeChords');
       else handled = false;
       break;
     }

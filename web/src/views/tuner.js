@@ -142,7 +142,7 @@ export function createTuner(v, { openSettings, openAbout, openTuningFork }) {
   });
   const fork = tool(1, tr('Tuning fork'), 'tuning_fork.png', openTuningFork, { 'data-outlet': 'tuningForkButton' });
   v.watch('tuner', 'tuningForkButton', (out) => { fork.disabled = !!out.hidden; });
-  const chords = tool(2, tr('Chord library'), '', () => ctx.openChords(), { 'data-outlet': 'goToChordsLibraryButton' });
+  const chords = tool(2, tr('Chord library'), '', () => ctx.tuner('openChords'), { 'data-outlet': 'goToChordsLibraryButton' });
   v.watch('tuner', 'goToChordsLibraryButton', (out) => {
     chords.setIcon(out.image ? ctx.art(out.image) : '');
   });
