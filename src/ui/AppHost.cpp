@@ -7,7 +7,6 @@
 #include <QJsonDocument>
 #include <QLocale>
 #include <QQuickWindow>
-#include <QSaveFile>
 
 #include "ArtImageProvider.h"
 #include "audio/MicListener.h"
@@ -83,6 +82,8 @@ AppHost::AppHost(Options options, std::unique_ptr<AppPorts> ports, QObject* pare
     MicListener::configure(*ports_->capture, ports_->log);
     app_ = std::make_unique<TunerApp>(ports_->services(), *MicListener::sharedListener());
     ports_->runLoop.afterTask = [this](bool repeating) { repeating ? syncAfterTick() : sync(); };
+    if (!options_.stateOut.isEmpty())
+        stateFile_.emplace(options_.stateOut);
     geometry_ = readJsonResource(":/art/geometry.json");
     volatile auto registration = &qml_register_types_UkuleleTuner;
     Q_UNUSED(registration);
@@ -165,24 +166,8 @@ void AppHost::syncFlags() {
         inTune_ = inTune;
         emit inTuneChanged();
     }
-    if (!options_.stateOut.isEmpty())
-        writeState();
-}
-
-void AppHost::writeState() {
-    QVariantMap outlets;
-    for (const QString& key : tunerMap_.keys())
-        outlets.insert(key, tunerMap_.value(key));
-    const QByteArray json =
-        QJsonDocument::fromVariant(QVariantMap{{"outlets", outlets}}).toJson(QJsonDocument::Compact);
-    if (json == lastState_)
-        return;
-    lastState_ = json;
-    QSaveFile f(options_.stateOut);
-    if (f.open(QIODevice::WriteOnly)) {
-        f.write(json);
-        f.commit();
-    }
+    if (stateFile_)
+        stateFile_->update(app_->tunerScreen());
 }
 
 } // namespace uke

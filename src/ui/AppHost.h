@@ -5,10 +5,12 @@
 #include <QVariantMap>
 #include <QtQml/qqmlregistration.h>
 #include <memory>
+#include <optional>
 
 #include "AppPorts.h"
 #include "OutletMap.h"
 #include "ScreenActions.h"
+#include "StateFile.h"
 #include "app/TunerApp.h"
 #include "base/LayoutClass.h"
 
@@ -110,7 +112,6 @@ signals:
 private:
     bool buildWindow(const std::string& storyboard);
     void syncFlags();
-    void writeState();
 
     Options options_;
     std::unique_ptr<AppPorts> ports_;
@@ -123,7 +124,7 @@ private:
     QVariantMap layout_;
     QVariantMap geometry_;
     std::unique_ptr<QQmlApplicationEngine> engine_;
-    QByteArray lastState_;
+    std::optional<StateFile> stateFile_;
     bool hearing_ = true;
     bool inTune_ = false;
     bool chordsOpen_ = false;

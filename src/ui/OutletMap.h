@@ -1,22 +1,15 @@
 #pragma once
 #include <QQmlPropertyMap>
-#include <QVariantMap>
 
-#include "base/Outlets.h"
+#include "base/OutletChanges.h"
+#include "base/OutletJson.h"
 
 namespace uke {
 
-// Converts outlets to the values the QML views bind to.
-QVariantMap toVariant(const Label& o);
-QVariantMap toVariant(const ImageView& o);
-QVariantMap toVariant(const Button& o);
-QVariantMap toVariant(const Switch& o);
-QVariantMap toVariant(const Slider& o);
-QVariantMap toVariant(const Stepper& o);
-QVariantMap toVariant(const Picker& o);
-
-// Mirrors a screen model into a property map; a sync touches only outlets whose
-// value changed, so bindings re-evaluate only where something moved.
+// Mirrors a screen model into a property map the QML views bind to, one entry per
+// outlet in the core's own format (the JSON `uke screen` prints and the page
+// reads). A sync converts and touches only the outlets that changed, so bindings
+// re-evaluate only where something moved.
 class OutletMap : public QQmlPropertyMap {
     Q_OBJECT
 public:
@@ -24,15 +17,20 @@ public:
 
     // Compares every outlet.
     template <class Model> void sync(const Model& model) {
-        model.forEachOutlet([this](const char* name, const auto& outlet) { update(name, toVariant(outlet)); });
+        show([&](auto visit) { model.forEachOutlet(visit); });
     }
     // Compares only the tuner's read-out outlets.
     template <class Model> void syncReadout(const Model& model) {
-        model.forEachReadoutOutlet([this](const char* name, const auto& outlet) { update(name, toVariant(outlet)); });
+        show([&](auto visit) { model.forEachReadoutOutlet(visit); });
     }
 
 private:
-    void update(const char* name, const QVariantMap& value);
+    template <class Walk> void show(Walk&& walk) {
+        changes_.compare(walk, [this](const char* name, const auto& outlet) { insert(name, outletJson(outlet)); });
+    }
+    void insert(const char* name, const std::string& json);
+
+    OutletChanges changes_;
 };
 
 } // namespace uke

@@ -96,15 +96,4 @@ bool Args::choice(const std::string& name, const std::vector<std::string>& choic
     return false;
 }
 
-std::string exactDouble(double v) {
-    char buf[64];
-    const auto [end, ec] = std::to_chars(buf, buf + sizeof buf, v);
-    std::string s(buf, ec == std::errc{} ? end : buf);
-    if (s.find_first_of(".eEn") == std::string::npos)
-        s += ".0";
-    return s;
-}
-
-std::string jsonString(const std::string& s) { return jsonQuoted(s); }
-
 } // namespace uke::tool

@@ -37,9 +37,5 @@ private:
     std::string error_;
 };
 
-// Shortest text that reads back as exactly the same double; always has a point.
-std::string exactDouble(double v);
-// A JSON string literal.
-std::string jsonString(const std::string& s);
 
 } // namespace uke::tool

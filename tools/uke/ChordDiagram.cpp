@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "Args.h"
+#include "base/OutletJson.h"
 
 namespace uke::tool {
 
@@ -144,9 +145,9 @@ std::string svgDiagram(const ChordShape& shape, int64_t chart, const std::string
 
 std::string jsonShape(const ChordShape& shape, int64_t chart, std::string_view root, std::string_view variant,
                       const std::string& name) {
-    std::string out = "{\"chart\": " + std::to_string(chart) + ", \"root\": " + jsonString(std::string(root)) +
-                      ", \"type\": " + jsonString(std::string(variant)) + ", \"name\": " + jsonString(name) +
-                      ", \"notation\": " + jsonString(shapeNotation(shape)) + ", \"strings\": [";
+    std::string out = "{\"chart\": " + std::to_string(chart) + ", \"root\": " + jsonQuoted(std::string(root)) +
+                      ", \"type\": " + jsonQuoted(std::string(variant)) + ", \"name\": " + jsonQuoted(name) +
+                      ", \"notation\": " + jsonQuoted(shapeNotation(shape)) + ", \"strings\": [";
     for (int s = 1; s <= 4; ++s) {
         const StringMarks& m = shape.onString(s);
         out += std::string(s > 1 ? ", " : "") + "{\"string\": " + std::to_string(s) +
@@ -169,7 +170,7 @@ std::string jsonShape(const ChordShape& shape, int64_t chart, std::string_view r
     }
     out += "], \"label\": ";
     if (shape.label)
-        out += "{\"position\": " + jsonString(std::string(fretLabelPositionName(shape.label->position))) +
+        out += "{\"position\": " + jsonQuoted(std::string(fretLabelPositionName(shape.label->position))) +
                ", \"number\": " + std::to_string(shape.label->number) + "}";
     else
         out += "null";

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "Args.h"
+#include "base/OutletJson.h"
 #include "settings/FactorySettings.h"
 #include "settings/SettingsKeys.h"
 #include "tuner/ViewController.h"
@@ -31,12 +32,12 @@ std::string TunerSession::line(double seconds, bool beeped) const {
     const ImageView& led = app_.shownLamp();
     const double t = std::round(seconds * 100.0) / 100.0;
     if (options_.json) {
-        return "{\"t\": " + exactDouble(t) + ", \"freq_label\": " + jsonString(screen.freq_label.text) +
-               ", \"noteDisplay\": " + jsonString(screen.noteDisplay.text) +
-               ", \"LEDDisplay\": " + jsonString(led.image) + ", \"highlight\": " + jsonString(hl.image) +
+        return "{\"t\": " + jsonNumber(t) + ", \"freq_label\": " + jsonQuoted(screen.freq_label.text) +
+               ", \"noteDisplay\": " + jsonQuoted(screen.noteDisplay.text) +
+               ", \"LEDDisplay\": " + jsonQuoted(led.image) + ", \"highlight\": " + jsonQuoted(hl.image) +
                ", \"highlightHidden\": " + (hl.hidden ? "true" : "false") + ", \"rings\": [" +
-               jsonString(screen.ring1.image) + ", " + jsonString(screen.ring2.image) + ", " +
-               jsonString(screen.ring3.image) + ", " + jsonString(screen.ring4.image) +
+               jsonQuoted(screen.ring1.image) + ", " + jsonQuoted(screen.ring2.image) + ", " +
+               jsonQuoted(screen.ring3.image) + ", " + jsonQuoted(screen.ring4.image) +
                "], \"beep\": " + (beeped ? "true" : "false") + "}";
     }
     auto ring = [](const ImageView& r, char n) { return r.image.empty() ? '-' : n; };
@@ -53,13 +54,19 @@ std::string TunerSession::line(double seconds, bool beeped) const {
 void TunerSession::afterTick(double seconds, bool beeped) {
     // What the player sees; a line is printed only when it moves or a beep starts.
     const TunerScreenModel& screen = app_.tunerScreen();
-    const ImageView& hl = app_.shownHighlight();
-    const std::string shown = screen.freq_label.text + '\n' + screen.noteDisplay.text + '\n' + screen.LEDDisplay.image +
-                              screen.LEDDisplay128.image + '\n' + hl.image + (hl.hidden ? "h" : "v") + '\n' +
-                              screen.ring1.image + screen.ring2.image + screen.ring3.image + screen.ring4.image;
-    if (shown == lastShown_ && !beeped)
+    const bool moved = shown_.moved([&](auto visit) {
+        visit("freq_label", screen.freq_label);
+        visit("noteDisplay", screen.noteDisplay);
+        visit("LEDDisplay", screen.LEDDisplay);
+        visit("LEDDisplay128", screen.LEDDisplay128);
+        visit("highlight", app_.shownHighlight());
+        visit("ring1", screen.ring1);
+        visit("ring2", screen.ring2);
+        visit("ring3", screen.ring3);
+        visit("ring4", screen.ring4);
+    });
+    if (!moved && !beeped)
         return;
-    lastShown_ = shown;
     out_ << line(seconds, beeped) << '\n';
     out_.flush();
 }

@@ -5,6 +5,7 @@
 
 #include "app/TunerApp.h"
 #include "base/LayoutClass.h"
+#include "base/OutletChanges.h"
 #include "platform/Services.h"
 
 namespace uke::tool {
@@ -39,7 +40,7 @@ private:
     TunerOptions options_;
     std::ostream& out_;
     TunerApp app_;
-    std::string lastShown_;
+    OutletChanges shown_;
 };
 
 // Reads --tuning, --a4, --sensitivity, --device and --format into `o`; false with a

@@ -2,6 +2,7 @@
 #include <iomanip>
 
 #include "Args.h"
+#include "base/OutletJson.h"
 #include "Commands.h"
 #include "base/StringTargetTable.h"
 #include "platform/virtual/TsStringTable.h"
@@ -27,22 +28,22 @@ int cmdTunings(const Words& words, std::ostream& out, std::ostream& err) {
     const StringTable& titles = stringsForLanguage("en");
 
     if (fmt == "json") {
-        out << "{\"a4\": " << (a4 == static_cast<long>(a4) ? std::to_string(static_cast<long>(a4)) : exactDouble(a4))
+        out << "{\"a4\": " << (a4 == static_cast<long>(a4) ? std::to_string(static_cast<long>(a4)) : jsonNumber(a4))
             << ", \"tunings\": [";
         for (int64_t n = TuningCatalogue::kFirst; n <= TuningCatalogue::kLast; ++n) {
             const Tuning& t = TuningCatalogue::tuning(n);
             out << (n > 1 ? ", " : "") << "{\"number\": " << n
-                << ", \"title\": " << jsonString(titles.localized(std::string(t.titleKey))) << ", \"strings\": [";
+                << ", \"title\": " << jsonQuoted(titles.localized(std::string(t.titleKey))) << ", \"strings\": [";
             for (size_t i = 0; i < 4; ++i)
-                out << (i ? ", " : "") << jsonString(std::string(pitchName(t.strings[i])));
+                out << (i ? ", " : "") << jsonQuoted(std::string(pitchName(t.strings[i])));
             out << "], \"rules\": [";
             for (size_t r = 0; r < t.rules.size(); ++r) {
                 const MatchRule& rule = t.rules[r];
                 const StringTarget& st = targets[rule.pitch];
-                out << (r ? ", " : "") << "{\"pitch\": " << jsonString(std::string(pitchName(rule.pitch)))
-                    << ", \"label\": " << jsonString(std::string(rule.label)) << ", \"indication\": " << rule.indication
-                    << ", \"slot\": " << rule.slot << ", \"target\": " << exactDouble(st.target)
-                    << ", \"low\": " << exactDouble(st.low()) << ", \"high\": " << exactDouble(st.high()) << "}";
+                out << (r ? ", " : "") << "{\"pitch\": " << jsonQuoted(std::string(pitchName(rule.pitch)))
+                    << ", \"label\": " << jsonQuoted(std::string(rule.label)) << ", \"indication\": " << rule.indication
+                    << ", \"slot\": " << rule.slot << ", \"target\": " << jsonNumber(st.target)
+                    << ", \"low\": " << jsonNumber(st.low()) << ", \"high\": " << jsonNumber(st.high()) << "}";
             }
             out << "]}";
         }

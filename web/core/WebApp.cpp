@@ -55,15 +55,10 @@ std::string WebApp::changes() {
         return {};
     std::string out;
     // `walk` visits the outlets to compare.
-    auto section = [&](const char* screen, std::map<std::string, std::string>& last, auto walk) {
+    auto section = [&](const char* screen, OutletChanges& shown, auto walk) {
         std::string body;
-        walk([&](const char* name, const auto& outlet) {
-            std::string json = outletJson(outlet);
-            std::string& shown = last[name];
-            if (shown == json)
-                return;
-            body += (body.empty() ? "" : ", ") + jsonQuoted(name) + ": " + json;
-            shown = std::move(json);
+        shown.compare(walk, [&](const char* name, const auto& outlet) {
+            body += (body.empty() ? "" : ", ") + jsonQuoted(name) + ": " + outletJson(outlet);
         });
         if (!body.empty())
             out += (out.empty() ? "" : ", ") + jsonQuoted(screen) + ": {" + body + "}";

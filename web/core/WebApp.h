@@ -7,6 +7,7 @@
 
 #include "WebPorts.h"
 #include "app/TunerApp.h"
+#include "base/OutletChanges.h"
 #include "audio/MicListener.h"
 
 namespace uke::web {
@@ -66,8 +67,8 @@ private:
     MicListener::Attachment attachment_;
     std::unique_ptr<TunerApp> app_;
     emscripten::val host_;
-    // The last JSON of every outlet the page was told.
-    std::map<std::string, std::string> tunerShown_, chordsShown_;
+    // What the page was last told of every outlet.
+    OutletChanges tunerShown_, chordsShown_;
     std::map<std::string, bool> flagsShown_;
     bool dirty_ = true;
 };

@@ -43,7 +43,7 @@ Rectangle {
     component PickerWheel: Tumbler {
         id: wheel
         property var outlet
-        readonly property int modelRow: outlet ? outlet.selectedRow : 0
+        readonly property int modelRow: outlet ? outlet.value : 0
         readonly property real rowHeight: height / visibleItemCount
         model: outlet ? outlet.rows : []
         visible: !!outlet && !outlet.hidden
@@ -53,7 +53,7 @@ Rectangle {
         Accessible.role: Accessible.List
 
         function report() {
-            if (!outlet || count === 0 || currentIndex < 0 || currentIndex === outlet.selectedRow)
+            if (!outlet || count === 0 || currentIndex < 0 || currentIndex === outlet.value)
                 return
             App.chords.act("didSelectRow", outlet.tag, currentIndex)
         }
@@ -159,7 +159,7 @@ Rectangle {
             id: spellingSwitch
             objectName: "buttonFlatOrSharp"
             property var outlet: o.buttonFlatOrSharp
-            readonly property string icon: outlet ? outlet.image : ""
+            readonly property string icon: outlet && outlet.image ? outlet.image : ""
             signal clicked()
             onClicked: App.chords.act("toggleSharpOfFlat")
             Accessible.role: Accessible.Button
@@ -177,7 +177,7 @@ Rectangle {
             Image {
                 anchors.centerIn: parent
                 width: parent.width * 0.62; height: width
-                source: spellingSwitch.outlet ? spellingSwitch.outlet.source : ""
+                source: spellingSwitch.icon ? "image://art/" + spellingSwitch.icon : ""
                 sourceSize: Qt.size(Math.round(width * App.pixelScale), Math.round(height * App.pixelScale))
                 fillMode: Image.PreserveAspectFit
             }

@@ -367,7 +367,7 @@ Sheet {
                     height: lay.pickerHeight || 180
                     scale: o.establecerIdioma.scale || 1
                     model: o.establecerIdioma.rows
-                    currentIndex: o.establecerIdioma.selectedRow
+                    currentIndex: o.establecerIdioma.value
                     visibleItemCount: 5
                     wrap: false
 
@@ -380,7 +380,7 @@ Sheet {
                         if (currentIndex !== row)
                             positionViewAtIndex(row, Tumbler.Center)
                     }
-                    onMovingChanged: if (!moving && currentIndex !== o.establecerIdioma.selectedRow) choose(currentIndex)
+                    onMovingChanged: if (!moving && currentIndex !== o.establecerIdioma.value) choose(currentIndex)
 
                     delegate: Text {
                         objectName: "languageRow" + index

@@ -233,7 +233,7 @@ Item {
             objectName: "goToChordsLibraryButton"
             name: qsTr("Chord library")
             width: lay.toolbarHeight; height: lay.toolbarHeight
-            icon: o.goToChordsLibraryButton.image
+            icon: o.goToChordsLibraryButton.image || ""
             onClicked: screen.openChords()
         }
         IconButton {
