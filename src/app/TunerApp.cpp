@@ -1,6 +1,7 @@
 #include "app/TunerApp.h"
 
 #include "app/AppDelegate.h"
+#include "audio/PitchSource.h"
 #include "base/LayoutClass.h"
 #include "chords/ChordsViewController.h"
 #include "rating/RatingPrompt.h"
@@ -11,7 +12,8 @@ namespace uke {
 
 TunerApp::TunerApp(Services services, PitchSource& listener) : TunerApp(services, listener, Config{}) {}
 
-TunerApp::TunerApp(Services services, PitchSource& listener, Config config) : s_(services), config_(std::move(config)) {
+TunerApp::TunerApp(Services services, PitchSource& listener, Config config)
+    : s_(services), listener_(listener), config_(std::move(config)) {
     rating_ = std::make_unique<RatingPrompt>(s_);
     tuner_ = std::make_unique<ViewController>(s_, state_, tunerScreen_, listener, tone_, *rating_);
     tuner_->setMakerUrl(config_.makerUrl);
@@ -69,6 +71,16 @@ void TunerApp::closeChords() {
         return;
     chords_.reset();
     tuner_->viewWillAppear();
+}
+
+bool TunerApp::hearing() const { return listener_.hearing(); }
+
+std::string TunerApp::idleReadout(bool waitingForTap) const {
+    // Without an input the tuner can never hear anything: say so instead of waiting.
+    const auto [key, table] = !hearing()     ? std::pair{"No microphone found", "TunerScreen"}
+                              : waitingForTap ? std::pair{"Tap to start listening", "WebPage"}
+                                              : std::pair{"Pluck a string", "TunerScreen"};
+    return s_.strings.lookup(key, table).value_or(key);
 }
 
 const ImageView& TunerApp::shownHighlight() const {

@@ -74,6 +74,13 @@ public:
     AppDelegate& delegate() { return *delegate_; }
     ToneGenerator& tone() { return tone_; }
 
+    // Whether the tuner hears anything: false where no input could be opened.
+    bool hearing() const;
+    // What the read-out says while it shows no reading: "Pluck a string"; "No
+    // microphone found" when nothing can be heard; "Tap to start listening" while
+    // the microphone waits for the player's first tap (a browser opens it only then).
+    std::string idleReadout(bool waitingForTap = false) const;
+
     // The string highlight and the lamp that this device class's layout shows.
     const ImageView& shownHighlight() const;
     const ImageView& shownLamp() const;
@@ -82,6 +89,7 @@ private:
     void showWindow(const std::string& storyboard);
 
     Services s_;
+    PitchSource& listener_;
     Config config_;
     SharedState state_;
     TunerScreenModel tunerScreen_;

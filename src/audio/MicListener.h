@@ -64,6 +64,7 @@ public:
     void pause();
     void stop();
     bool isListening() const;
+    bool hearing() const override { return isListening(); }
 
     // Level: nullptr and 0.0 while not listening.
     const LevelMeterState* levels();

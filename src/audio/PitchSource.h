@@ -12,6 +12,8 @@ public:
     virtual float averagePower() = 0;
     // Fundamental-frequency estimate in hertz; 0.0 before any audio.
     virtual float frequency() = 0;
+    // Whether anything can be heard at all: false once no input could be opened.
+    virtual bool hearing() const { return true; }
 };
 
 // A microphone in a silent room: for screens that need no audio (the tool's

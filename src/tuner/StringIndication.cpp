@@ -33,8 +33,7 @@ void StringIndication::displayNoStrings() {
     screen_.tunedString.hidden = true;
     screen_.tunedString5.hidden = true;
     screen_.tunedStringiPad.hidden = true;
-    screen_.LEDDisplay.image = "yellow64.png";
-    screen_.LEDDisplay128.image = "yellow128.png";
+    screen_.lightLamp(false);
 }
 
 void StringIndication::removeRings() {
@@ -52,8 +51,7 @@ void StringIndication::demoMode() {
     screen_.tunedStringiPad.hidden = false;
     screen_.tunedString.hidden = false;
     screen_.tunedString5.hidden = false;
-    screen_.LEDDisplay.image = "green64.png";
-    screen_.LEDDisplay128.image = "green128.png";
+    screen_.lightLamp(true);
 
     // Fixed texts: the picture ignores the calibration.
     struct Picture {

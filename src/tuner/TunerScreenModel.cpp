@@ -3,8 +3,7 @@
 namespace uke {
 
 TunerScreenModel::TunerScreenModel() {
-    LEDDisplay.image = "yellow64.png";
-    LEDDisplay128.image = "yellow128.png";
+    lightLamp(false);
     tunedString.hidden = true;
     tunedString5.hidden = true;
     tunedStringiPad.hidden = true;
@@ -17,7 +16,11 @@ TunerScreenModel::TunerScreenModel() {
     freqChartSwitch.on = true;
 }
 
-bool TunerScreenModel::inTune() const { return LEDDisplay.image == "green64.png"; }
+void TunerScreenModel::lightLamp(bool inTune) {
+    inTune_ = inTune;
+    LEDDisplay.image = inTune ? "green64.png" : "yellow64.png";
+    LEDDisplay128.image = inTune ? "green128.png" : "yellow128.png";
+}
 
 ImageView& TunerScreenModel::ring(int n) {
     switch (n) {

@@ -93,14 +93,19 @@ struct TunerScreenModel {
     }
     bool readoutChanged = false;
 
-    // Whether the lamp shows the last reading in tune (the tick lights it green).
-    bool inTune() const;
+    // The lamp in both sizes: green for a reading in tune, else yellow. Whether it
+    // is green is kept as a flag, so the views' "in tune" never reads a picture's name.
+    void lightLamp(bool inTune);
+    bool inTune() const { return inTune_; }
 
     // The peg ring of string n (1..4).
     ImageView& ring(int n);
     // The string-highlight view that a layout shows.
     ImageView& highlight(HighlightView view);
     const ImageView& highlight(HighlightView view) const;
+
+private:
+    bool inTune_ = false;
 };
 
 } // namespace uke

@@ -60,8 +60,7 @@ void TunerTick::tickFree() {
                 screen_.noteDisplay.text = std::string(rule.label);
                 lastTunedNoteText_ = screen_.noteDisplay.text;
                 indication_.displayTunedString(rule.indication);
-                screen_.LEDDisplay.image = "green64.png";
-                screen_.LEDDisplay128.image = "green128.png";
+                screen_.lightLamp(true);
                 screen_.freq_label.text = format("%.1fHz", t.target);
                 lastTunedFrequencyText_ = screen_.freq_label.text;
                 drew(match);

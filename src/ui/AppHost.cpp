@@ -122,11 +122,7 @@ bool AppHost::buildWindow(const std::string& storyboard) {
     return true;
 }
 
-QString AppHost::idleReadout() const {
-    // Without an input the tuner can never hear anything: say so instead of waiting.
-    return hearing_ ? QCoreApplication::translate("TunerScreen", "Pluck a string")
-                    : QCoreApplication::translate("TunerScreen", "No microphone found");
-}
+QString AppHost::idleReadout() const { return QString::fromStdString(app_->idleReadout()); }
 
 QQuickWindow* AppHost::window() const {
     if (!engine_ || engine_->rootObjects().isEmpty())
@@ -148,13 +144,13 @@ void AppHost::syncAfterTick() {
         app_->tunerScreen().readoutChanged = false;
         tunerMap_.syncReadout(app_->tunerScreen());
         syncFlags();
-    } else if (MicListener::sharedListener()->isListening() != hearing_) {
+    } else if (app_->hearing() != hearing_) {
         syncFlags();
     }
 }
 
 void AppHost::syncFlags() {
-    if (const bool hearing = MicListener::sharedListener()->isListening(); hearing != hearing_) {
+    if (const bool hearing = app_->hearing(); hearing != hearing_) {
         hearing_ = hearing;
         emit hearingChanged();
     }

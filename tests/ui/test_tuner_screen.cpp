@@ -43,13 +43,13 @@ TEST(TunerScreen, ArrowsAndTheInTuneLookAreWired) {
         r.tap(arrow);
     EXPECT_EQ(r.host->state().chosenTuning, 2);
     EXPECT_EQ(r.text("currentTuningName").toStdString(), r.host->tunerModel().currentTuningName.text);
-    const auto noteColourWith = [&](const char* lamp) {
-        r.host->tunerModel().LEDDisplay.image = lamp;
+    const auto noteColourWith = [&](bool green) {
+        r.host->tunerModel().lightLamp(green);
         r.host->sync();
         return std::pair{r.host->inTune(), r.item("noteDisplay")->property("color")};
     };
-    const auto [inTune, tunedColour] = noteColourWith("green64.png");
-    const auto [notInTune, plainColour] = noteColourWith("yellow64.png");
+    const auto [inTune, tunedColour] = noteColourWith(true);
+    const auto [notInTune, plainColour] = noteColourWith(false);
     EXPECT_TRUE(inTune && !notInTune);
     EXPECT_NE(tunedColour, plainColour);
 }

@@ -16,6 +16,7 @@ EMSCRIPTEN_BINDINGS(uke) {
         .function("act", &WebApp::act)
         .function("alertChosen", &WebApp::alertChosen)
         .function("deliver", &WebApp::deliver)
+        .function("captureOpened", &WebApp::captureOpened)
         .function("captureFailed", &WebApp::captureFailed)
         .function("render", &WebApp::render)
         .function("frequency", &WebApp::frequency)

@@ -51,7 +51,7 @@ void WebApp::advanceTo(double seconds) {
 
 std::string WebApp::changes() {
     TunerScreenModel& tuner = app_->tunerScreen();
-    if (!dirty_ && !tuner.readoutChanged && flagsShown_["hearing"] == MicListener::sharedListener()->isListening())
+    if (!dirty_ && !tuner.readoutChanged && flagsShown_["hearing"] == app_->hearing())
         return {};
     std::string out;
     // `walk` visits the outlets to compare.
@@ -80,9 +80,13 @@ std::string WebApp::changes() {
         flagsShown_[name] = value;
         out += (out.empty() ? "" : ", ") + jsonQuoted(name) + ": " + (value ? "true" : "false");
     };
-    flag("hearing", MicListener::sharedListener()->isListening());
+    flag("hearing", app_->hearing());
     flag("inTune", tuner.inTune());
     flag("chordsOpen", app_->chordsOpen());
+    if (std::string idle = app_->idleReadout(!micOpen_); idle != idleShown_) {
+        out += (out.empty() ? "" : ", ") + std::string("\"idleReadout\": ") + jsonQuoted(idle);
+        idleShown_ = std::move(idle);
+    }
     return out.empty() ? std::string{} : "{" + out + "}";
 }
 
@@ -104,6 +108,11 @@ void WebApp::alertChosen(int index) {
 
 bool WebApp::deliver(const val& samples) {
     return ports_.capture.deliver(emscripten::convertJSArrayToNumberVector<int16_t>(samples));
+}
+
+void WebApp::captureOpened() {
+    micOpen_ = true;
+    dirty_ = true;
 }
 
 void WebApp::captureFailed(const std::string& reason) {

@@ -42,7 +42,8 @@ public:
 
     // What changed on the screens since the last call, as JSON:
     // {"tuner": {outlet: value, ...}, "chords": {...}, "hearing": b, "inTune": b,
-    //  "chordsOpen": b}, with only the keys that changed; "" when nothing did.
+    //  "chordsOpen": b, "idleReadout": text}, with only the keys that changed; ""
+    // when nothing did.
     std::string changes();
 
     // The player's action `name` on `screen` ("tuner" or "chords"), with its
@@ -52,6 +53,8 @@ public:
 
     // The page's worklet hands over one captured block of 16-bit samples.
     bool deliver(const emscripten::val& samples);
+    // The microphone opened (at the player's first tap) or could not be.
+    void captureOpened();
     void captureFailed(const std::string& reason);
     // Renders `frames` tone frames and returns them as a view on the module's memory.
     emscripten::val render(uint32_t frames);
@@ -70,6 +73,8 @@ private:
     // What the page was last told of every outlet.
     OutletChanges tunerShown_, chordsShown_;
     std::map<std::string, bool> flagsShown_;
+    std::string idleShown_;
+    bool micOpen_ = false;
     bool dirty_ = true;
 };
 

@@ -52,7 +52,10 @@ const capture = new Capture({
   workletUrl: 'ports/capture-worklet.js',
   onOpen: () => {
     micOpen = true;
-    if (views) views.setListening(true);
+    if (app) {
+      app.captureOpened();
+      show(app.changes());
+    }
   },
   // Blocks before the core is there are dropped: nothing could read them.
   onBlock: (block) => {
@@ -121,7 +124,6 @@ async function boot() {
         geometry,
         isPad: host.device.idiom === 'pad',
         tr: strings.tr,
-        listening: micOpen,
         art: (name) => `art/${name.replace(/\.png$/, '.svg')}`,
         // A screen's action by the core's name, with the control's values (a
         // switch's on as 1); the core refuses what it does not know.
@@ -135,7 +137,8 @@ async function boot() {
   app = new core.WebApp(host);
   clock = new PageClock(app, (changes) => views.apply(changes));
   app.start();
-  // A microphone refused before the core was there is said now.
+  // A microphone opened or refused before the core was there is said now.
+  if (micOpen) app.captureOpened();
   if (failure) captureFailed(...failure);
   show(app.changes());
   clock.start();

@@ -70,19 +70,3 @@ export function iconButton({ label, icon, size, style = {}, onclick, ...props })
   };
   return b;
 }
-
-// Outlets compared field by field: a tick repeats most of what it sent before.
-export function sameOutlet(a, b) {
-  if (!a || typeof b !== 'object' || b === null) return false;
-  let n = 0;
-  for (const key in b) {
-    n++;
-    const x = a[key], y = b[key];
-    if (Array.isArray(y)) {
-      if (!Array.isArray(x) || x.length !== y.length || x.some((item, i) => item !== y[i])) return false;
-    } else if (x !== y) {
-      return false;
-    }
-  }
-  return n === Object.keys(a).length;
-}

@@ -1,4 +1,4 @@
-import { el, sameOutlet } from './dom.js';
+import { el } from './dom.js';
 import { createTuner } from './tuner.js';
 import { createSettings, createAbout, createTuningFork } from './sheets.js';
 import { createChords } from './chords.js';
@@ -10,10 +10,10 @@ import { createAlert } from './alert.js';
 // the user's actions go out through `ctx`.
 export function createViews(root, ctx) {
   const lay = ctx.layout;
-  // `listening`: the page's own flag, whether the microphone is open yet.
-  const state = { tuner: {}, chords: {}, hearing: true, inTune: false, chordsOpen: false, listening: !!ctx.listening };
+  // The core's flags and its idle read-out, as last told.
+  const state = { tuner: {}, chords: {}, hearing: true, inTune: false, chordsOpen: false, idleReadout: '' };
   const outletWatchers = { tuner: new Map(), chords: new Map() };
-  const flagWatchers = { hearing: [], inTune: [], chordsOpen: [], listening: [] };
+  const flagWatchers = { hearing: [], inTune: [], chordsOpen: [], idleReadout: [] };
 
   const v = {
     ctx, lay, state,
@@ -131,8 +131,7 @@ export function createViews(root, ctx) {
     if (handled) e.preventDefault();
   });
 
-  // Called at every tick with the read-out's outlets: only what differs from the
-  // last call reaches the page.
+  // The core sends only what changed since it last told the page.
   function setFlag(flag, value) {
     if (value === state[flag]) return;
     state[flag] = value;
@@ -147,20 +146,18 @@ export function createViews(root, ctx) {
       const known = state[screen], watchers = outletWatchers[screen];
       for (const name in section) {
         const value = section[name];
-        if (sameOutlet(known[name], value)) continue;
         known[name] = value;
         const list = watchers.get(name);
         if (list) for (const fn of list) fn(value);
       }
     }
-    for (const flag of ['hearing', 'inTune', 'chordsOpen']) {
-      if (typeof changes[flag] === 'boolean') setFlag(flag, changes[flag]);
+    for (const flag of ['hearing', 'inTune', 'chordsOpen', 'idleReadout']) {
+      if (flag in changes) setFlag(flag, changes[flag]);
     }
   }
 
   return {
     apply,
-    setListening: (open) => setFlag('listening', !!open),
     alert: { present: alert.present, dismiss: alert.dismiss },
     say(text) {
       bannerText.textContent = text ?? '';

@@ -49,17 +49,12 @@ export function createTuner(v, { openSettings, openAbout, openTuningFork }) {
   const renderFreq = () => {
     const text = o('freq_label').text || '';
     const idle = text === '';
-    const { hearing, listening } = v.state;
-    // Until the microphone opens, the first thing to do is a tap, not a pluck.
-    freq.textContent = !idle ? text
-      : !hearing ? tr('No microphone found')
-      : listening ? tr('Pluck a string') : ctx.tr('WebPage', 'Tap to start listening');
+    freq.textContent = idle ? v.state.idleReadout : text;
     freq.classList.toggle('idle', idle);
   };
   v.watch('tuner', 'noteDisplay', renderNote);
   v.watch('tuner', 'freq_label', renderFreq);
-  v.watchFlag('hearing', renderFreq);
-  v.watchFlag('listening', renderFreq);
+  v.watchFlag('idleReadout', renderFreq);
   const noteLine = el('div', { class: 'note', style: { fontSize: lay.noteFont } }, note, noteSpoken);
   v.watchFlag('inTune', (on) => noteLine.classList.toggle('in-tune', on));
 
