@@ -57,6 +57,17 @@ def main():
             if os.path.relpath(src, page) == "sw.js":
                 continue
             copy_if_changed(src, os.path.join(out, os.path.relpath(src, page)))
+    # A page file that was moved or deleted must not linger in the output, where
+    # build.json below would list it and the service worker cache it. The top level
+    # is shared with the compiled core, so only the page's own folders are swept.
+    for name in os.listdir(page):
+        if not os.path.isdir(os.path.join(page, name)):
+            continue
+        for folder, _, files in os.walk(os.path.join(out, name)):
+            for f in files:
+                stale = os.path.join(folder, f)
+                if not os.path.exists(os.path.join(page, os.path.relpath(stale, out))):
+                    os.remove(stale)
     images = os.path.join(top, "resources", "images")
     for f in sorted(os.listdir(images)):
         if f.endswith(".svg"):

@@ -1,6 +1,8 @@
 import { el } from './dom.js';
 import { createTuner } from './tuner.js';
-import { createSettings, createAbout, createTuningFork } from './sheets.js';
+import { createSettings } from './settings-sheet.js';
+import { createAbout } from './about-sheet.js';
+import { createTuningFork } from './tuning-fork-sheet.js';
 import { createChords } from './chords.js';
 import { createAlert } from './alert.js';
 
