@@ -8,20 +8,7 @@ cd "$(dirname "$0")/.."
 TOP=$PWD
 BUILD=${WEB_BUILD_DIR:-build-web}
 
-SUDO=""
-[ "$(id -u)" -ne 0 ] && SUDO="sudo"
-need=()
-for p in emscripten python3 cmake ninja-build librsvg2-bin dpkg-dev xz-utils; do
-  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || need+=("$p")
-done
-# The machine may already have a newer Node.js of its own; Debian's is enough otherwise.
-command -v node >/dev/null || need+=(nodejs)
-command -v npm >/dev/null || need+=(npm)
-if [ ${#need[@]} -gt 0 ]; then
-  echo "Installing: ${need[*]}"
-  $SUDO apt-get -o DPkg::Lock::Timeout=600 update -q
-  DEBIAN_FRONTEND=noninteractive $SUDO apt-get -o DPkg::Lock::Timeout=600 install -y --no-install-recommends "${need[@]}"
-fi
+scripts/install-deps.sh web
 # Debian's emscripten runs its optimiser on Node.js, which does not look in Debian's module folder.
 export NODE_PATH=/usr/share/nodejs
 
