@@ -1,17 +1,12 @@
 #include "AppHost.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonDocument>
-#include <QLocale>
 #include <QQuickWindow>
 
 #include "ArtImageProvider.h"
+#include "QtAppPorts.h"
 #include "audio/MicListener.h"
-#include "platform/qt/QtSettingsStore.h"
-#include "platform/qt/QtStringTable.h"
 #include "tuner/ViewController.h"
 
 // The module's types live in this static library; naming their registration keeps
@@ -32,17 +27,6 @@ QVariantMap readJsonResource(const QString& path) {
 // Where the engine keeps the host that made it, for the singleton's factory.
 constexpr char kHostProperty[] = "ukeAppHost";
 
-// The sounds are found from where the binary runs, never from where it was built:
-// an installed copy (or one moved elsewhere with its share folder) reads
-// PREFIX/share/ukulele-tuner/sounds, and the build tree keeps a copy beside the binary.
-QString defaultResourcePath() {
-    const QDir bin(QCoreApplication::applicationDirPath());
-    const QString installed = bin.filePath(QStringLiteral("../share/ukulele-tuner/sounds"));
-    if (QDir(installed).exists())
-        return QDir::cleanPath(installed);
-    return bin.filePath(QStringLiteral("sounds"));
-}
-
 } // namespace
 
 AppHost* AppHost::create(QQmlEngine* engine, QJSEngine*) {
@@ -53,32 +37,8 @@ AppHost* AppHost::create(QQmlEngine* engine, QJSEngine*) {
     return host;
 }
 
-std::unique_ptr<AppPorts> AppHost::qtPorts(const Options& options) {
-    auto ports = std::make_unique<AppPorts>();
-    ports->log.quiet = options.quietLog;
-    ports->settings = std::make_unique<QtSettingsStore>(options.settingsPath, ports->log);
-    QtStringTable& strings = qtStringsForLanguage(options.language);
-    strings.installForViews();
-    ports->strings = &strings;
-    ports->device = std::make_unique<DeviceClassInfo>(options.device.idiom, options.device.height);
-    ports->capture = makeQtAudioCapture();
-    ports->output = makeQtAudioOutput();
-    ports->sounds = makeQtSoundPlayerFactory();
-    ports->urls = makeQtUrlOpener();
-    ports->network = makeQtNetworkProbe();
-    ports->storeReview = makeQtStoreReview();
-    ports->idleTimer = std::make_unique<ScreenSaverInhibitor>();
-    const QString sounds = options.resourcePath.isEmpty() ? defaultResourcePath() : options.resourcePath;
-    // Said once here, rather than by every silent button press later.
-    if (!QFileInfo(QDir(sounds).filePath(QStringLiteral("beep-full.mp3"))).isFile())
-        qWarning("Sounds: no sounds in \"%s\"; the string sounds and the beep stay silent",
-                 qUtf8Printable(QDir::toNativeSeparators(sounds)));
-    ports->resourcePath = sounds.toStdString();
-    return ports;
-}
-
 AppHost::AppHost(Options options, std::unique_ptr<AppPorts> ports, QObject* parent)
-    : QObject(parent), options_(std::move(options)), ports_(ports ? std::move(ports) : qtPorts(options_)) {
+    : QObject(parent), options_(std::move(options)), ports_(ports ? std::move(ports) : makeQtAppPorts(options_)) {
     MicListener::configure(*ports_->capture, ports_->log);
     app_ = std::make_unique<TunerApp>(ports_->services(), *MicListener::sharedListener());
     ports_->runLoop.afterTask = [this](bool repeating) { repeating ? syncAfterTick() : sync(); };

@@ -7,12 +7,12 @@
 #include <memory>
 #include <optional>
 
+#include "AppOptions.h"
 #include "AppPorts.h"
 #include "OutletMap.h"
 #include "ScreenActions.h"
 #include "StateFile.h"
 #include "app/TunerApp.h"
-#include "base/LayoutClass.h"
 
 class QQuickWindow;
 
@@ -49,18 +49,10 @@ class AppHost : public QObject {
     Q_PROPERTY(qreal pixelScale READ pixelScale WRITE setPixelScale NOTIFY pixelScaleChanged)
 
 public:
-    struct Options {
-        DeviceClass device;
-        QString language;     // empty: follow the system locale
-        QString settingsPath; // empty: the standard location
-        QString resourcePath; // empty: ../share/ukulele-tuner/sounds from the program, else sounds/ beside it
-        QString stateOut;     // file rewritten with the tuner's outlets as they change
-        bool quietLog = false;
-    };
+    using Options = AppOptions;
 
     // Without ports, the Qt ones made from the options.
     explicit AppHost(Options options, std::unique_ptr<AppPorts> ports = nullptr, QObject* parent = nullptr);
-    static std::unique_ptr<AppPorts> qtPorts(const Options& options);
     ~AppHost() override;
 
     // Runs start-up: the delegate builds the window and the tuner screen appears.

@@ -16,6 +16,7 @@
 #include <memory>
 
 #include "AppHost.h"
+#include "QtAppPorts.h"
 #include "platform/virtual/Fakes.h"
 #include "support/QtApp.h"
 
@@ -70,7 +71,7 @@ struct RunningApp {
         if (QSettings ini(settingsPath(), QSettings::IniFormat); seed)
             seed(ini);
         const AppHost::Options o{*DeviceClass::parse(device), language, settingsPath(), resourcePath, {}, true};
-        auto ports = AppHost::qtPorts(o);
+        auto ports = makeQtAppPorts(o);
         if (audio != Audio::Real) {
             auto fake = std::make_unique<FakeAudioCapture>();
             fake->failToOpen = audio == Audio::NoMicrophone;
