@@ -136,14 +136,6 @@ const std::vector<Action> kTable = {
 
 std::string_view firstWord(std::string_view word) { return word.substr(0, word.find(' ')); }
 
-bool parseNumber(const std::string& word, double& out) {
-    if (word.empty())
-        return false;
-    char* end = nullptr;
-    out = std::strtod(word.c_str(), &end);
-    return *end == '\0' && std::isfinite(out);
-}
-
 std::string argumentUsage(const Action& a) {
     switch (a.argument) {
     case Argument::None: return "";
@@ -177,13 +169,19 @@ std::string listed(const std::vector<std::string_view>& names) {
 
 } // namespace
 
-const std::vector<Action>& table() { return kTable; }
-
 const Action* find(Screen screen, std::string_view name) {
     for (const Action& a : kTable)
         if (a.screen == screen && a.name == name)
             return &a;
     return nullptr;
+}
+
+bool parseNumber(const std::string& word, double& out) {
+    if (word.empty())
+        return false;
+    char* end = nullptr;
+    out = std::strtod(word.c_str(), &end);
+    return *end == '\0' && std::isfinite(out);
 }
 
 std::string refusal(const TunerApp& app, const Action& action, std::span<const double> args) {

@@ -35,7 +35,6 @@ struct Action {
     void (*run)(TunerApp&, std::span<const double> args);
 };
 
-const std::vector<Action>& table();
 const Action* find(Screen screen, std::string_view name);
 
 // Runs an action by name; returns why it was refused (and logs it), or empty
@@ -55,6 +54,8 @@ struct Scripted {
 Scripted parse(const std::string& text);
 // The script's words with their arguments: "next, previous, ..., switch beep|strings|chart on|off".
 std::string scriptUsage();
+// A script's number: the whole word, and finite ("nan", "1e999" and "4x" are none).
+bool parseNumber(const std::string& word, double& out);
 // Why `action` cannot run now with `args`, checking the count, kind and state; empty when it can.
 std::string refusal(const TunerApp& app, const Action& action, std::span<const double> args);
 
