@@ -1,11 +1,11 @@
 #include "Args.h"
 
-#include "base/OutletJson.h"
-
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+
+#include "Language.h"
 
 namespace uke::tool {
 
@@ -93,6 +93,39 @@ bool Args::choice(const std::string& name, const std::vector<std::string>& choic
     for (const auto& c : choices)
         list += (list.empty() ? "" : "|") + c;
     error_ = "--" + name + " must be " + list + ", not '" + *v + "'";
+    return false;
+}
+
+bool Args::device(const std::string& name, DeviceClass& out) {
+    const auto v = value(name);
+    if (!v)
+        return true;
+    const auto parsed = DeviceClass::parse(*v);
+    if (!parsed) {
+        error_ = "unknown device class '" + *v + "' (use phone-HEIGHT or pad-HEIGHT, e.g. phone-844)";
+        return false;
+    }
+    out = *parsed;
+    return true;
+}
+
+bool Args::language(const std::string& name, std::string& out) {
+    const auto v = value(name);
+    if (!v)
+        return true;
+    const std::string code = primaryLanguage(*v);
+    if (code.empty()) {
+        error_ = "--" + name + " needs a language code such as en or es, not '" + *v + "'";
+        return false;
+    }
+    out = code;
+    return true;
+}
+
+bool Args::positionalAtMost(size_t count, const std::string& hint) {
+    if (positional_.size() <= count)
+        return true;
+    error_ = "unexpected argument '" + positional_[count] + "'" + hint;
     return false;
 }
 

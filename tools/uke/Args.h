@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/LayoutClass.h"
+
 namespace uke::tool {
 
 // A command's options: `--name value` for those in `valued`, `--name` alone for
@@ -28,6 +30,13 @@ public:
     bool integer(const std::string& name, long lo, long hi, long& out);
     // One of `choices`, or false with error().
     bool choice(const std::string& name, const std::vector<std::string>& choices, std::string& out);
+    // A device class (phone-844, pad-1194), or false with error().
+    bool device(const std::string& name, DeviceClass& out);
+    // A language's primary code ("es" from "es_ES.UTF-8"), or false with error().
+    bool language(const std::string& name, std::string& out);
+    // False with error() when more than `count` positional words were given; `hint`
+    // follows the message, to say where such a word belongs.
+    bool positionalAtMost(size_t count, const std::string& hint = {});
 
 private:
     std::set<std::string> valued_, flags_, repeated_;
@@ -36,6 +45,5 @@ private:
     std::vector<std::string> positional_;
     std::string error_;
 };
-
 
 } // namespace uke::tool

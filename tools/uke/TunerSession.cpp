@@ -76,7 +76,8 @@ bool readTunerOptions(Args& args, TunerOptions& o, std::string& error) {
     long sensitivity = 5;
     std::string fmt = "text";
     if (!args.integer("tuning", 1, 11, o.tuning) || !args.number("a4", 1.0, 10000.0, a4) ||
-        !args.integer("sensitivity", 0, 10, sensitivity) || !args.choice("format", {"text", "json"}, fmt)) {
+        !args.integer("sensitivity", 0, 10, sensitivity) || !args.choice("format", {"text", "json"}, fmt) ||
+        !args.device("device", o.device)) {
         error = args.error();
         return false;
     }
@@ -84,14 +85,6 @@ bool readTunerOptions(Args& args, TunerOptions& o, std::string& error) {
     if (args.has("sensitivity"))
         o.sensitivity = sensitivity;
     o.json = fmt == "json";
-    if (const auto d = args.value("device")) {
-        const auto c = DeviceClass::parse(*d);
-        if (!c) {
-            error = "unknown device class '" + *d + "' (use phone-HEIGHT or pad-HEIGHT, e.g. phone-844)";
-            return false;
-        }
-        o.device = *c;
-    }
     return true;
 }
 

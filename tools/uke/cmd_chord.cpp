@@ -11,12 +11,8 @@ int cmdChord(const Words& words, std::ostream& out, std::ostream& err) {
     long chart = 0;
     std::string fmt = "text";
     if (!args.parse(words) || !args.integer("chart", 1, 4, chart) ||
-        !args.choice("format", {"text", "json", "notation", "svg"}, fmt)) {
+        !args.choice("format", {"text", "json", "notation", "svg"}, fmt) || !args.positionalAtMost(0)) {
         err << "uke chord: " << args.error() << "\n";
-        return 2;
-    }
-    if (!args.positional().empty()) {
-        err << "uke chord: unexpected argument '" << args.positional().front() << "'\n";
         return 2;
     }
     for (const char* required : {"chart", "root", "type"})

@@ -26,12 +26,8 @@ int cmdChords(const Words& words, std::ostream& out, std::ostream& err) {
     long chart = 0;
     std::string fmt = "text";
     if (!args.parse(words) || !args.integer("chart", 1, 4, chart) ||
-        !args.choice("format", {"text", "notation"}, fmt)) {
+        !args.choice("format", {"text", "notation"}, fmt) || !args.positionalAtMost(0)) {
         err << "uke chords: " << args.error() << "\n";
-        return 2;
-    }
-    if (!args.positional().empty()) {
-        err << "uke chords: unexpected argument '" << args.positional().front() << "'\n";
         return 2;
     }
     if (!args.has("chart")) {

@@ -30,12 +30,8 @@ int cmdListen(const Words& words, [[maybe_unused]] std::ostream& out, std::ostre
     Args args({"tuning", "a4", "sensitivity", "device", "format"}, {});
     TunerOptions options;
     std::string error;
-    if (!args.parse(words) || !readTunerOptions(args, options, error)) {
+    if (!args.parse(words) || !readTunerOptions(args, options, error) || !args.positionalAtMost(0)) {
         err << "uke listen: " << (error.empty() ? args.error() : error) << "\n";
-        return 2;
-    }
-    if (!args.positional().empty()) {
-        err << "uke listen: unexpected argument '" << args.positional().front() << "'\n";
         return 2;
     }
 #ifndef UKE_HAVE_QT

@@ -120,10 +120,8 @@ int cmdTone(const Words& words, std::ostream& out, std::ostream& err) {
         !args.integer("string", 1, 4, string) || !args.number("a4", 1.0, 10000.0, a4) ||
         !args.number("freq", 0.0, 22050.0, freq) || !args.number("seconds", 0.0, 3600.0, seconds) ||
         !args.integer("frames", 1, 44100L * 3600, frames) ||
-        !args.choice("wave", {"sine", "triangle", "sawtooth", "square"}, wave))
+        !args.choice("wave", {"sine", "triangle", "sawtooth", "square"}, wave) || !args.positionalAtMost(0))
         return fail(err, args.error());
-    if (!args.positional().empty())
-        return fail(err, "unexpected argument '" + args.positional().front() + "'");
     if (args.has("freq") == (args.has("tuning") || args.has("string")))
         return fail(err, "give either --tuning N --string S or --freq HZ");
     if (args.has("tuning") != args.has("string"))

@@ -15,12 +15,9 @@ int cmdTunings(const Words& words, std::ostream& out, std::ostream& err) {
     Args args({"a4", "format"}, {});
     double a4 = 440.0;
     std::string fmt = "text";
-    if (!args.parse(words) || !args.number("a4", 1.0, 10000.0, a4) || !args.choice("format", {"text", "json"}, fmt)) {
+    if (!args.parse(words) || !args.number("a4", 1.0, 10000.0, a4) || !args.choice("format", {"text", "json"}, fmt) ||
+        !args.positionalAtMost(0)) {
         err << "uke tunings: " << args.error() << "\n";
-        return 2;
-    }
-    if (!args.positional().empty()) {
-        err << "uke tunings: unexpected argument '" << args.positional().front() << "'\n";
         return 2;
     }
     StringTargetTable targets;
