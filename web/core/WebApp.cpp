@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 
 #include "app/Actions.h"
 #include "base/LayoutClass.h"
