@@ -15,8 +15,8 @@
 #include "ProcFiles.h"
 #include "app/TunerApp.h"
 #include "audio/MicListener.h"
+#include "base/TuningCatalogue.h"
 #include "platform/virtual/VirtualPlatform.h"
-#include "tuner/TuningCatalogue.h"
 #include "tuner/ViewController.h"
 
 int main(int argc, char** argv) {

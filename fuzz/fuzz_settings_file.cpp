@@ -4,8 +4,8 @@
 #include <string>
 
 #include "ScratchFile.h"
+#include "base/SettingsKeys.h"
 #include "platform/virtual/MemorySettingsStore.h"
-#include "settings/SettingsKeys.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string path = uke::fuzz::writeScratch(data, size, ".ini");

@@ -7,9 +7,9 @@
 #include <sstream>
 
 #include "app/TunerApp.h"
+#include "base/TuningCatalogue.h"
 #include "chords/ChordsViewController.h"
 #include "platform/Log.h"
-#include "tuner/TuningCatalogue.h"
 #include "tuner/ViewController.h"
 
 namespace uke::actions {

@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 
+#include "base/Format.h"
 #include "base/LayoutClass.h"
 #include "rating/RatingPrompt.h"
 

@@ -3,9 +3,9 @@
 #include "app/AppDelegate.h"
 #include "audio/PitchSource.h"
 #include "base/LayoutClass.h"
+#include "base/TuningCatalogue.h"
 #include "chords/ChordsViewController.h"
 #include "rating/RatingPrompt.h"
-#include "tuner/TuningCatalogue.h"
 #include "tuner/ViewController.h"
 
 namespace uke {

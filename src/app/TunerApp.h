@@ -4,10 +4,10 @@
 #include <string>
 
 #include "base/SharedState.h"
+#include "base/TunerScreenModel.h"
 #include "chords/ChordScreenModel.h"
 #include "platform/Services.h"
 #include "sounds/ToneGenerator.h"
-#include "tuner/TunerScreenModel.h"
 
 namespace uke {
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "base/Format.h"
 #include "platform/AudioCapture.h"
 #include "platform/Log.h"
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "base/Format.h"
+
 namespace uke {
 
 namespace {

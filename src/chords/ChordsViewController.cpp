@@ -2,11 +2,12 @@
 
 #include <random>
 
+#include "base/Format.h"
+#include "base/SettingsKeys.h"
 #include "chords/ChordCatalogue.h"
 #include "chords/ChordShapeTable.h"
 #include "chords/Fretboard.h"
 #include "rating/RatingPrompt.h"
-#include "settings/SettingsKeys.h"
 
 namespace uke {
 

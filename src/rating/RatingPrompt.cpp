@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "settings/SettingsKeys.h"
+#include "base/SettingsKeys.h"
 
 namespace uke {
 

@@ -1,6 +1,6 @@
 #include "settings/FactorySettings.h"
 
-#include "settings/SettingsKeys.h"
+#include "base/SettingsKeys.h"
 
 namespace uke {
 

@@ -1,7 +1,7 @@
 #include "tuner/StringIndication.h"
 
 #include "base/LayoutClass.h"
-#include "tuner/TuningCatalogue.h"
+#include "base/TuningCatalogue.h"
 
 namespace uke {
 

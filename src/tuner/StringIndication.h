@@ -2,9 +2,9 @@
 #include <cstdint>
 
 #include "base/SharedState.h"
+#include "base/TunerScreenModel.h"
 #include "platform/DeviceInfo.h"
 #include "platform/Log.h"
-#include "tuner/TunerScreenModel.h"
 #include "tuner/TuningDisplay.h"
 
 namespace uke {

@@ -1,7 +1,8 @@
 #include "tuner/TunerTick.h"
 
+#include "base/Format.h"
+#include "base/TuningCatalogue.h"
 #include "platform/Log.h"
-#include "tuner/TuningCatalogue.h"
 
 namespace uke {
 

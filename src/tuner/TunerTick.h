@@ -3,12 +3,12 @@
 
 #include "audio/PitchSource.h"
 #include "base/SharedState.h"
+#include "base/TunerScreenModel.h"
+#include "base/TuningCatalogue.h"
 #include "platform/RunLoop.h"
-#include "tuner/ConfirmationBeep.h"
-#include "tuner/ReviewHook.h"
+#include "rating/ReviewHook.h"
+#include "sounds/ConfirmationBeep.h"
 #include "tuner/StringIndication.h"
-#include "tuner/TunerScreenModel.h"
-#include "tuner/TuningCatalogue.h"
 
 namespace uke {
 

@@ -1,6 +1,6 @@
 #include "tuner/TuningDisplay.h"
 
-#include "tuner/TuningCatalogue.h"
+#include "base/TuningCatalogue.h"
 
 namespace uke {
 

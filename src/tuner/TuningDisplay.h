@@ -1,8 +1,8 @@
 #pragma once
 #include "base/SharedState.h"
+#include "base/TunerScreenModel.h"
 #include "platform/DeviceInfo.h"
 #include "platform/StringTable.h"
-#include "tuner/TunerScreenModel.h"
 
 namespace uke {
 

@@ -1,5 +1,6 @@
 #include "tuner/TuningNavigator.h"
 
+#include "base/Format.h"
 #include "chords/ChordsViewController.h"
 
 namespace uke {

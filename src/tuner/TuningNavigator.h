@@ -2,14 +2,14 @@
 #include <string>
 
 #include "base/SharedState.h"
+#include "base/TunerScreenModel.h"
 #include "platform/DeviceInfo.h"
 #include "platform/Log.h"
 #include "platform/RunLoop.h"
-#include "tuner/NoteNamePicker.h"
-#include "tuner/ReviewHook.h"
-#include "tuner/SettingsPanel.h"
+#include "rating/ReviewHook.h"
+#include "settings/NoteNamePicker.h"
+#include "settings/SettingsPanel.h"
 #include "tuner/StringIndication.h"
-#include "tuner/TunerScreenModel.h"
 #include "tuner/TuningDisplay.h"
 
 namespace uke {

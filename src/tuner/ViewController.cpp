@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "base/Format.h"
+
 namespace uke {
 
 ViewController::ViewController(Services services, SharedState& state, TunerScreenModel& screen, PitchSource& listener,

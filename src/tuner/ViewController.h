@@ -4,16 +4,16 @@
 
 #include "audio/PitchSource.h"
 #include "base/SharedState.h"
+#include "base/TunerScreenModel.h"
 #include "platform/Services.h"
-#include "tuner/ConfirmationBeep.h"
-#include "tuner/NoteNamePicker.h"
-#include "tuner/ReviewHook.h"
-#include "tuner/SettingsPanel.h"
+#include "rating/ReviewHook.h"
+#include "settings/NoteNamePicker.h"
+#include "settings/SettingsPanel.h"
+#include "sounds/ConfirmationBeep.h"
+#include "sounds/TuningFork.h"
 #include "tuner/StringIndication.h"
-#include "tuner/TunerScreenModel.h"
 #include "tuner/TunerTick.h"
 #include "tuner/TuningDisplay.h"
-#include "tuner/TuningFork.h"
 #include "tuner/TuningNavigator.h"
 
 namespace uke {

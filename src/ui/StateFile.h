@@ -2,7 +2,7 @@
 #include <QString>
 
 #include "base/OutletChanges.h"
-#include "tuner/TunerScreenModel.h"
+#include "base/TunerScreenModel.h"
 
 namespace uke {
 

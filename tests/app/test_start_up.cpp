@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "app/AppDelegate.h"
+#include "base/Format.h"
 #include "base/LayoutClass.h"
 #include "platform/virtual/VirtualPlatform.h"
 #include "rating/RatingPrompt.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "ChordsFixture.h"
+#include "base/SettingsKeys.h"
 #include "chords/ChordShapeTable.h"
-#include "settings/SettingsKeys.h"
 
 namespace uke {
 namespace {

@@ -3,8 +3,8 @@
 #include <limits>
 #include <memory>
 
+#include "platform/VirtualRunLoop.h"
 #include "platform/virtual/MemorySettingsStore.h"
-#include "platform/virtual/VirtualRunLoop.h"
 
 namespace uke {
 namespace {

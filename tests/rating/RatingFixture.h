@@ -4,9 +4,9 @@
 
 #include <memory>
 
+#include "base/SettingsKeys.h"
 #include "platform/virtual/VirtualPlatform.h"
 #include "rating/RatingPrompt.h"
-#include "settings/SettingsKeys.h"
 
 namespace uke::test {
 

@@ -1,6 +1,6 @@
 #include "support/TunerFixture.h"
 
-#include "settings/SettingsKeys.h"
+#include "base/SettingsKeys.h"
 
 namespace uke::test {
 namespace {

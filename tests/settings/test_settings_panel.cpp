@@ -1,7 +1,7 @@
 // The settings and about panels of the tuner screen.
 #include <gtest/gtest.h>
 
-#include "settings/SettingsKeys.h"
+#include "base/SettingsKeys.h"
 #include "support/TunerFixture.h"
 
 namespace uke {

@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "base/StringTargetTable.h"
+#include "base/TuningCatalogue.h"
 #include "support/FinePitch.h"
-#include "tuner/TuningCatalogue.h"
 
 namespace uke {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "base/TuningCatalogue.h"
 #include "support/TunerFixture.h"
-#include "tuner/TuningCatalogue.h"
 
 namespace uke::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "settings/SettingsKeys.h"
+#include "base/SettingsKeys.h"
 #include "support/TunerFixture.h"
 
 namespace uke {

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "settings/SettingsKeys.h"
+#include "base/SettingsKeys.h"
 #include "support/TunerFixture.h"
 
 namespace uke {

@@ -1,6 +1,6 @@
 #include "base/StringTargetTable.h"
+#include "base/TuningCatalogue.h"
 #include "support/TunerFixture.h"
-#include "tuner/TuningCatalogue.h"
 
 namespace uke {
 namespace {

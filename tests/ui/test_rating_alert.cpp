@@ -5,8 +5,8 @@
 #include <QTcpSocket>
 #include <thread>
 
+#include "base/SettingsKeys.h"
 #include "rating/RatingPrompt.h"
-#include "settings/SettingsKeys.h"
 #include "support/RunningApp.h"
 
 namespace uke {

@@ -5,8 +5,8 @@
 #include <QDesktopServices>
 #include <QUrl>
 
+#include "base/SettingsKeys.h"
 #include "platform/virtual/TsStringTable.h"
-#include "settings/SettingsKeys.h"
 #include "support/RunningApp.h"
 
 namespace uke {

@@ -72,18 +72,18 @@ HostDeviceInfo::HostDeviceInfo(const val& device)
       systemVersion_(device["systemVersion"].as<std::string>()) {}
 
 void HostAudioCapture::start() {
-    FakeAudioCapture::start();
+    ManualAudioCapture::start();
     if (running)
         capture_.call<void>("start");
 }
 
 void HostAudioCapture::stop() {
-    FakeAudioCapture::stop();
+    ManualAudioCapture::stop();
     capture_.call<void>("stop");
 }
 
 void HostAudioCapture::dispose() {
-    FakeAudioCapture::dispose();
+    ManualAudioCapture::dispose();
     capture_.call<void>("stop");
 }
 

@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
+#include "platform/ManualAudioCapture.h"
 #include "platform/Services.h"
-#include "platform/virtual/Fakes.h"
-#include "platform/virtual/VirtualRunLoop.h"
+#include "platform/VirtualRunLoop.h"
 
 namespace uke::web {
 
@@ -73,7 +73,7 @@ private:
 // exactly as the hand-driven queue's do; starting and stopping are passed on to the
 // page, which opens the microphone at the player's first touch and says here when it
 // cannot (refused, or none there).
-class HostAudioCapture : public FakeAudioCapture {
+class HostAudioCapture : public ManualAudioCapture {
 public:
     explicit HostAudioCapture(emscripten::val capture) : capture_(std::move(capture)) {}
     void start() override;

@@ -1,7 +1,6 @@
 #include "platform/virtual/Fakes.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace uke {
 
@@ -18,46 +17,6 @@ std::optional<std::string> MapStringTable::lookup(const std::string& key, const 
     if (e == t->second.end())
         return std::nullopt;
     return e->second;
-}
-
-bool FakeAudioCapture::newInput(const Format& f, Callback callback) {
-    if (failToOpen)
-        return false;
-    format = f;
-    callback_ = std::move(callback);
-    exists = true;
-    return true;
-}
-
-int FakeAudioCapture::allocateBuffer(uint32_t byteSize) {
-    const int id = nextId_++;
-    bufferSizes[id] = byteSize;
-    return id;
-}
-
-void FakeAudioCapture::enqueueBuffer(int bufferId) {
-    if (bufferSizes.count(bufferId))
-        enqueued.push_back(bufferId);
-}
-
-void FakeAudioCapture::dispose() {
-    exists = false;
-    running = false;
-    bufferSizes.clear();
-    enqueued.clear();
-    callback_ = nullptr;
-}
-
-bool FakeAudioCapture::deliver(const std::vector<int16_t>& samples) {
-    if (!running || enqueued.empty() || !callback_)
-        return false;
-    const int id = enqueued.front();
-    enqueued.erase(enqueued.begin());
-    const uint32_t capacity = bufferSizes[id] / 2;
-    const uint32_t n = std::min<uint32_t>(capacity, static_cast<uint32_t>(samples.size()));
-    scratch_.assign(samples.begin(), samples.begin() + n);
-    callback_(id, scratch_.data(), n * 2);
-    return true;
 }
 
 std::vector<int16_t> RecordingAudioOutput::pull(uint32_t frames) {

@@ -12,6 +12,7 @@
 #include "platform/DeviceInfo.h"
 #include "platform/IdleTimer.h"
 #include "platform/Log.h"
+#include "platform/ManualAudioCapture.h"
 #include "platform/NetworkProbe.h"
 #include "platform/SoundPlayer.h"
 #include "platform/StoreReview.h"
@@ -56,35 +57,19 @@ public:
     std::string version;
 };
 
-// A recording queue driven by hand: deliver() plays the role of the capture thread.
-class FakeAudioCapture : public AudioCapture {
+// The hand-driven queue, with a device that can be missing and a count of starts.
+class FakeAudioCapture : public ManualAudioCapture {
 public:
-    bool newInput(const Format& format, Callback callback) override;
-    int allocateBuffer(uint32_t byteSize) override;
-    void enqueueBuffer(int bufferId) override;
-    void start() override { running = exists; ++startCount; }
-    void stop() override { running = false; }
-    void dispose() override;
-    bool isRunning() const override { return running; }
-    std::string lastError() const override { return error; }
-
-    // Fills the oldest enqueued buffer with `samples` and hands it to the callback.
-    // False when the queue is not running or no buffer is enqueued.
-    bool deliver(const std::vector<int16_t>& samples);
+    bool newInput(const Format& format, Callback callback) override {
+        return !failToOpen && ManualAudioCapture::newInput(format, callback);
+    }
+    void start() override {
+        ManualAudioCapture::start();
+        ++startCount;
+    }
 
     bool failToOpen = false;
-    std::string error;
-    bool exists = false;
-    bool running = false;
     int startCount = 0;
-    Format format;
-    std::map<int, uint32_t> bufferSizes;  // id -> bytes
-    std::vector<int> enqueued;             // ids waiting to be filled, oldest first
-
-private:
-    Callback callback_;
-    int nextId_ = 1;
-    std::vector<int16_t> scratch_;
 };
 
 class RecordingAudioOutput : public AudioOutput {

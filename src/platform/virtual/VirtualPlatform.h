@@ -2,9 +2,9 @@
 #include <memory>
 
 #include "platform/Services.h"
+#include "platform/VirtualRunLoop.h"
 #include "platform/virtual/Fakes.h"
 #include "platform/virtual/MemorySettingsStore.h"
-#include "platform/virtual/VirtualRunLoop.h"
 
 namespace uke {
 

@@ -1,9 +1,10 @@
-#include "tuner/TuningFork.h"
+#include "sounds/TuningFork.h"
 
+#include "base/Format.h"
+#include "base/SettingsKeys.h"
+#include "base/TuningCatalogue.h"
 #include "platform/Log.h"
-#include "settings/SettingsKeys.h"
 #include "sounds/ToneGenerator.h"
-#include "tuner/TuningCatalogue.h"
 
 namespace uke {
 

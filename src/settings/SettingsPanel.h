@@ -2,12 +2,12 @@
 #include <string>
 
 #include "base/SharedState.h"
+#include "base/TunerScreenModel.h"
 #include "platform/Log.h"
 #include "platform/SettingsStore.h"
 #include "platform/StringTable.h"
 #include "platform/UrlOpener.h"
-#include "tuner/ReviewHook.h"
-#include "tuner/TunerScreenModel.h"
+#include "rating/ReviewHook.h"
 
 namespace uke {
 

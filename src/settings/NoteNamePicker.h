@@ -2,10 +2,10 @@
 #include <string>
 
 #include "base/SharedState.h"
+#include "base/TunerScreenModel.h"
 #include "platform/DeviceInfo.h"
 #include "platform/SettingsStore.h"
 #include "platform/StringTable.h"
-#include "tuner/TunerScreenModel.h"
 
 namespace uke {
 

@@ -7,8 +7,8 @@
 #include <sstream>
 #include <string>
 
+#include "base/SettingsKeys.h"
 #include "platform/virtual/TsStringTable.h"
-#include "settings/SettingsKeys.h"
 #include "support/TunerFixture.h"
 
 namespace uke {

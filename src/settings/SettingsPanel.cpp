@@ -1,11 +1,12 @@
-#include "tuner/SettingsPanel.h"
+#include "settings/SettingsPanel.h"
 
 #include <algorithm>
 #include <cmath>
 
+#include "base/Format.h"
+#include "base/SettingsKeys.h"
 #include "settings/FactorySettings.h"
 #include "settings/SensitivityLimitTable.h"
-#include "settings/SettingsKeys.h"
 
 namespace uke {
 

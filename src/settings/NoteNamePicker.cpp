@@ -1,10 +1,11 @@
-#include "tuner/NoteNamePicker.h"
+#include "settings/NoteNamePicker.h"
 
+#include "base/Format.h"
 #include "base/LayoutClass.h"
+#include "base/SettingsKeys.h"
+#include "base/TuningCatalogue.h"
 #include "platform/Log.h"
 #include "settings/NoteNaming.h"
-#include "settings/SettingsKeys.h"
-#include "tuner/TuningCatalogue.h"
 
 namespace uke {
 

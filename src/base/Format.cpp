@@ -1,4 +1,4 @@
-#include "platform/Log.h"
+#include "base/Format.h"
 
 #include <cstdarg>
 #include <cstdio>

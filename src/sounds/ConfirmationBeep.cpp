@@ -1,5 +1,6 @@
-#include "tuner/ConfirmationBeep.h"
+#include "sounds/ConfirmationBeep.h"
 
+#include "base/Format.h"
 #include "platform/Log.h"
 
 namespace uke {

@@ -1,4 +1,4 @@
-#include "tuner/TuningCatalogue.h"
+#include "base/TuningCatalogue.h"
 
 #include <stdexcept>
 

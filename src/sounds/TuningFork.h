@@ -5,11 +5,11 @@
 #include <string>
 
 #include "base/SharedState.h"
+#include "base/TunerScreenModel.h"
 #include "platform/AudioOutput.h"
 #include "platform/SettingsStore.h"
 #include "platform/SoundPlayer.h"
-#include "tuner/ReviewHook.h"
-#include "tuner/TunerScreenModel.h"
+#include "rating/ReviewHook.h"
 
 namespace uke {
 

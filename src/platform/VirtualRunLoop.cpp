@@ -1,4 +1,4 @@
-#include "platform/virtual/VirtualRunLoop.h"
+#include "platform/VirtualRunLoop.h"
 
 #include <algorithm>
 #include <cmath>

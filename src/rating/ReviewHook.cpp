@@ -1,8 +1,8 @@
-#include "tuner/ReviewHook.h"
+#include "rating/ReviewHook.h"
 
+#include "base/SettingsKeys.h"
 #include "base/SharedState.h"
 #include "rating/RatingPrompt.h"
-#include "settings/SettingsKeys.h"
 
 namespace uke {
 

@@ -1,4 +1,4 @@
-#include "tuner/TunerScreenModel.h"
+#include "base/TunerScreenModel.h"
 
 namespace uke {
 

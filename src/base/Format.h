@@ -1,0 +1,10 @@
+#pragma once
+#include <string>
+
+namespace uke {
+
+// printf-style formatting for log lines and texts whose exact form matters: the
+// argument list is checked against the format at compile time.
+std::string format(const char* fmt, ...) __attribute__((format(printf, 1, 2)));
+
+} // namespace uke
