@@ -14,10 +14,10 @@
 #include <deque>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <vector>
 
-#include <samplerate.h>
-
+#include "audio/SampleConverter.h"
 #include "platform/qt/Mailbox.h"
 #include "platform/qt/QtPorts.h"
 
@@ -30,6 +30,16 @@ namespace {
 constexpr unsigned long kSettleMs = 100;
 // How often a running capture checks that its device is still connected.
 constexpr int kWatchMs = 500;
+
+std::optional<SampleConverter::Encoding> encodingOf(QAudioFormat::SampleFormat f) {
+    switch (f) {
+    case QAudioFormat::UInt8: return SampleConverter::Encoding::UInt8;
+    case QAudioFormat::Int16: return SampleConverter::Encoding::Int16;
+    case QAudioFormat::Int32: return SampleConverter::Encoding::Int32;
+    case QAudioFormat::Float: return SampleConverter::Encoding::Float32;
+    default: return std::nullopt;
+    }
+}
 
 const char* describe(QAudio::Error e) {
     switch (e) {
@@ -202,23 +212,26 @@ private:
             if (options_.deviceRate > 0)
                 wanted.setSampleRate(options_.deviceRate);
         }
-        if (!wanted.isValid() || !device.isFormatSupported(wanted)) {
+        const auto encoding = encodingOf(wanted.sampleFormat());
+        if (!wanted.isValid() || !device.isFormatSupported(wanted) || !encoding) {
             setError("the input device \"" + device.description().toStdString() + "\" offers no usable format");
             return false;
         }
-        deviceFormat_ = wanted;
         direct_ = wanted.sampleRate() == targetRate_ && wanted.channelCount() == 1 &&
                   wanted.sampleFormat() == QAudioFormat::Int16;
         if (!direct_) {
-            int status = 0;
-            resampler_ = src_new(SRC_SINC_MEDIUM_QUALITY, 1, &status);
-            if (!resampler_) {
-                setError("the resampler could not be made");
+            // The finer filter: a live stream pays for it in real time, where a
+            // long recording's analysis would pay for it all at once.
+            converter_.emplace(SampleConverter::Input{*encoding, wanted.channelCount(), wanted.sampleRate()},
+                               targetRate_, Resampler::Quality::Medium);
+            if (!converter_->error().empty()) {
+                setError("the microphone's audio cannot be converted: " + converter_->error());
+                converter_.reset();
                 return false;
             }
         }
         device_ = device;
-        source_ = new QAudioSource(device, deviceFormat_);
+        source_ = new QAudioSource(device, wanted);
         source_->setBufferSize(options_.sourceBufferBytes);
         return true;
     }
@@ -230,18 +243,14 @@ private:
         }
         delete source_;
         source_ = nullptr;
-        if (resampler_)
-            src_delete(resampler_);
-        resampler_ = nullptr;
+        converter_.reset();
         pending_.clear();
-        carry_.clear();
     }
 
     void startSource() {
         pending_.clear();
-        carry_.clear();
-        if (resampler_)
-            src_reset(resampler_);
+        if (converter_)
+            converter_->reset();
         {
             std::lock_guard lock(mutex_);
             filled_ = 0;
@@ -292,23 +301,6 @@ private:
         error_ = std::move(e);
     }
 
-    // Bytes can arrive split inside a frame; carry_ keeps the part frame.
-    template <class F> void forEachFrame(const char* data, qint64 size, int frameBytes, F&& frame) {
-        size_t i = 0;
-        const auto n = static_cast<size_t>(size);
-        if (!carry_.empty()) {
-            while (carry_.size() < static_cast<size_t>(frameBytes) && i < n)
-                carry_.push_back(data[i++]);
-            if (carry_.size() < static_cast<size_t>(frameBytes))
-                return;
-            frame(carry_.data());
-            carry_.clear();
-        }
-        for (; i + static_cast<size_t>(frameBytes) <= n; i += static_cast<size_t>(frameBytes))
-            frame(data + i);
-        carry_.assign(data + i, data + n);
-    }
-
     // At the capture rate the bytes go straight into the waiting buffer: one
     // copy, no allocation, and a block is handed over the moment it is full.
     // With no buffer waiting, the audio is dropped as a recording queue drops it.
@@ -344,38 +336,9 @@ private:
     }
 
     void appendConverted(const char* data, qint64 size) {
-        const int channels = deviceFormat_.channelCount();
-        const int frameBytes = deviceFormat_.bytesPerFrame();
-        const int sampleBytes = deviceFormat_.bytesPerSample();
-        mono_.clear();
-        forEachFrame(data, size, frameBytes, [&](const char* f) {
-            float sum = 0.0f;
-            for (int c = 0; c < channels; ++c)
-                sum += deviceFormat_.normalizedSampleValue(f + c * sampleBytes);
-            mono_.push_back(sum / static_cast<float>(channels));
-        });
-        if (mono_.empty())
-            return;
-        const double ratio = static_cast<double>(targetRate_) / deviceFormat_.sampleRate();
-        resampled_.resize(static_cast<size_t>(static_cast<double>(mono_.size()) * ratio) + 64);
-        SRC_DATA d{};
-        d.data_in = mono_.data();
-        d.input_frames = static_cast<long>(mono_.size());
-        d.src_ratio = ratio;
-        while (d.input_frames > 0) {
-            d.data_out = resampled_.data();
-            d.output_frames = static_cast<long>(resampled_.size());
-            if (src_process(resampler_, &d) != 0)
-                return;
-            for (long i = 0; i < d.output_frames_gen; ++i) {
-                const double v = std::round(static_cast<double>(resampled_[static_cast<size_t>(i)]) * 32768.0);
-                pending_.push_back(static_cast<int16_t>(std::clamp(v, -32768.0, 32767.0)));
-            }
-            d.data_in += d.input_frames_used;
-            d.input_frames -= d.input_frames_used;
-            if (d.input_frames_used == 0 && d.output_frames_gen == 0)
-                break;
-        }
+        converted_.clear();
+        if (converter_ && converter_->push(data, static_cast<size_t>(size), converted_))
+            pending_.insert(pending_.end(), converted_.begin(), converted_.end());
     }
 
     // Converted audio: hands over every whole block for which a buffer is waiting;
@@ -422,17 +385,15 @@ private:
     std::string error_;
 
     // Capture thread only.
-    QAudioFormat deviceFormat_;
     int targetRate_ = 0;
     bool direct_ = true;
     QAudioDevice device_;
     QAudioSource* source_ = nullptr;
     CaptureSink* sink_ = nullptr;
-    QTimer* watch_ = nullptr; // checks, while capture is wanted, that the device is still there
-    bool lost_ = false;       // the device went away while capture was wanted
-    SRC_STATE* resampler_ = nullptr;
-    std::vector<char> carry_;
-    std::vector<float> mono_, resampled_;
+    QTimer* watch_ = nullptr;                  // checks, while capture is wanted, that the device is still there
+    bool lost_ = false;                        // the device went away while capture was wanted
+    std::optional<SampleConverter> converter_; // when the device's format is not the queue's
+    std::vector<int16_t> converted_;
     std::deque<int16_t> pending_;
 };
 
