@@ -1,16 +1,15 @@
 #pragma once
-#include <cstdint>
 #include <ostream>
-#include <vector>
 
 #include "Args.h"
+#include "AudioFile.h"
 
 namespace uke::tool {
 
-// `uke analyse FILE --tuning N [...]`: the recording's blocks, as read by
-// readAudioFile, replayed through the tuner. `args` holds the command's parsed
-// options. Returns the command's exit status.
-int analyseTuner(const std::vector<std::vector<int16_t>>& blocks, const Args& args, std::ostream& out,
-                 std::ostream& err);
+// `uke analyse FILE --tuning N [...]`: the recording's blocks replayed through the
+// tuner as they are read. `args` holds the command's parsed options. Returns the
+// command's exit status; a recording that turns out bad part-way leaves its
+// reason in `audio`.
+int analyseTuner(AudioFile& audio, const Args& args, std::ostream& out, std::ostream& err);
 
 } // namespace uke::tool

@@ -2,81 +2,87 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <memory>
+#include <optional>
 
-#include <samplerate.h>
 #include <sndfile.h>
 #include <unistd.h>
+
+#include "audio/SampleConverter.h"
 
 namespace uke::tool {
 
 namespace {
 
-struct SndfileCloser {
-    void operator()(SNDFILE* f) const { sf_close(f); }
-};
-
-int16_t toSample(double v) { return static_cast<int16_t>(std::clamp(std::round(v * 32768.0), -32768.0, 32767.0)); }
-
 // The decoders below libsndfile (libmpg123 among them) write their complaints
-// straight to the error stream. While one of these lives, those lines go to a
-// scratch file instead, so that the tool can turn them into its one line.
+// straight to the error stream. While they decode, those lines go to a scratch
+// file instead, so that the tool can turn them into its one line; in between,
+// the error stream is the tool's own again.
 class DecoderChatter {
 public:
-    DecoderChatter() {
-        std::fflush(stderr);
-        scratch_ = std::tmpfile();
-        saved_ = scratch_ ? ::dup(STDERR_FILENO) : -1;
-        if (saved_ >= 0)
-            ::dup2(::fileno(scratch_), STDERR_FILENO);
+    DecoderChatter() : scratch_(std::tmpfile()) {
+        if (scratch_)
+            saved_ = ::dup(STDERR_FILENO);
     }
     ~DecoderChatter() {
-        restore();
+        if (saved_ >= 0)
+            ::close(saved_);
         if (scratch_)
             std::fclose(scratch_);
     }
     DecoderChatter(const DecoderChatter&) = delete;
     DecoderChatter& operator=(const DecoderChatter&) = delete;
 
+    // `decode()` with the error stream going to the scratch file.
+    template <class F> auto muffled(F&& decode) {
+        redirect(scratch_ ? ::fileno(scratch_) : -1);
+        const auto result = decode();
+        redirect(saved_);
+        return result;
+    }
+
     // Where the decoder last said the data went wrong, as "near byte N", if it did.
     std::string damage() {
-        restore();
-        if (!scratch_)
+        if (!scratch_ || !heardMore())
             return {};
-        std::rewind(scratch_);
-        std::string text;
-        char buffer[4096];
-        for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, scratch_)) > 0 && text.size() < 65536;)
-            text.append(buffer, n);
         // libmpg123: "Illegal Audio-MPEG-Header 0x00000000 at offset 12555."
         const std::string marker = "at offset ";
-        const auto at = text.find(marker);
+        const auto at = said_.find(marker);
         if (at == std::string::npos)
             return {};
         const auto digits = at + marker.size();
-        const auto end = text.find_first_not_of("0123456789", digits);
-        if (end == digits)
+        const auto end = said_.find_first_not_of("0123456789", digits);
+        if (end == digits || end == std::string::npos)
             return {};
-        return "near byte " + text.substr(digits, end - digits);
+        return "near byte " + said_.substr(digits, end - digits);
     }
 
 private:
-    void restore() {
-        if (saved_ < 0)
+    void redirect(int fd) {
+        if (saved_ < 0 || fd < 0)
             return;
         std::fflush(stderr);
-        ::dup2(saved_, STDERR_FILENO);
-        ::close(saved_);
-        saved_ = -1;
+        ::dup2(fd, STDERR_FILENO);
+    }
+    // Reads what the decoders wrote since the last call, up to 64 KiB in all.
+    bool heardMore() {
+        const size_t before = said_.size();
+        char buffer[4096];
+        while (said_.size() < 65536) {
+            const ssize_t n = ::pread(::fileno(scratch_), buffer, sizeof buffer, static_cast<off_t>(said_.size()));
+            if (n <= 0)
+                break;
+            said_.append(buffer, static_cast<size_t>(n));
+        }
+        return said_.size() > before;
     }
 
-    std::FILE* scratch_ = nullptr;
+    std::FILE* scratch_;
     int saved_ = -1;
+    std::string said_;
 };
 
 // Why `path` cannot be a recording before any decoder looks at it, or empty.
@@ -97,153 +103,147 @@ std::string unreadableFile(const std::string& path) {
     return {};
 }
 
-std::string minutes(double seconds) {
+std::string duration(double seconds) {
     char text[32];
-    std::snprintf(text, sizeof text, "%.1f minutes", seconds / 60.0);
+    if (seconds < 120.0)
+        std::snprintf(text, sizeof text, "%.1f seconds", seconds);
+    else if (seconds < 2 * 3600.0)
+        std::snprintf(text, sizeof text, "%.1f minutes", seconds / 60.0);
+    else
+        std::snprintf(text, sizeof text, "%.1f hours", seconds / 3600.0);
     return text;
 }
 
+// Frames decoded at a time: a 64-channel file's chunk is 2 MB.
+constexpr sf_count_t kChunkFrames = 4096;
+
 } // namespace
 
-std::vector<std::vector<int16_t>> AudioFile::blocks(size_t blockSamples) const {
-    std::vector<std::vector<int16_t>> out;
-    for (size_t at = 0; at < samples.size(); at += blockSamples) {
-        const size_t n = std::min(blockSamples, samples.size() - at);
-        out.emplace_back(samples.begin() + static_cast<std::ptrdiff_t>(at),
-                         samples.begin() + static_cast<std::ptrdiff_t>(at + n));
+struct AudioFile::Decoder {
+    DecoderChatter chatter; // made first, gone last: it hears the file closed too
+    SNDFILE* file = nullptr;
+    std::optional<SampleConverter> converter;
+    std::vector<double> chunk;
+    sf_count_t decoded = 0; // frames
+
+    ~Decoder() {
+        if (file)
+            chatter.muffled([this] { return sf_close(file); });
     }
-    return out;
+};
+
+AudioFile::AudioFile(const std::string& path, double longestSeconds) : path_(path), longest_(longestSeconds) {
+    if (open() && fill() && pending_.empty()) {
+        // Only audio too short for the resampler to give a single sample gets here.
+        error_ = "'" + path_ + "' is too short to resample";
+    }
 }
 
-std::optional<AudioFile> readAudioFile(const std::string& path, std::string& error) {
-    if (error = unreadableFile(path); !error.empty())
-        return std::nullopt;
-    DecoderChatter chatter;
+AudioFile::~AudioFile() = default;
+
+bool AudioFile::open() {
+    if (error_ = unreadableFile(path_); !error_.empty())
+        return false;
+    decoder_ = std::make_unique<Decoder>();
+    Decoder& d = *decoder_;
     SF_INFO info{};
-    std::unique_ptr<SNDFILE, SndfileCloser> file(sf_open(path.c_str(), SFM_READ, &info));
-    if (!file) {
+    d.file = d.chatter.muffled([&] { return sf_open(path_.c_str(), SFM_READ, &info); });
+    if (!d.file) {
         // libsndfile's own words can mislead here ("File does not exist" for a
         // file the MP3 decoder gave up on), so its reason is only a category.
-        const std::string where = chatter.damage();
+        const std::string where = d.chatter.damage();
         const int reason = sf_error(nullptr);
         if (!where.empty())
-            error = "'" + path + "' is damaged " + where;
+            error_ = "'" + path_ + "' is damaged " + where;
         else if (reason == SF_ERR_MALFORMED_FILE)
-            error = "'" + path + "' is damaged: its header cannot be read";
+            error_ = "'" + path_ + "' is damaged: its header cannot be read";
         else if (reason == SF_ERR_UNSUPPORTED_ENCODING)
-            error = "'" + path + "' is audio in an encoding that cannot be decoded";
+            error_ = "'" + path_ + "' is audio in an encoding that cannot be decoded";
         else
-            error = "'" + path + "' is not a recording (WAV, FLAC, Ogg, MP3 or another format libsndfile reads)";
-        return std::nullopt;
+            error_ = "'" + path_ + "' is not a recording (WAV, FLAC, Ogg, MP3 or another format libsndfile reads)";
+        return false;
     }
     if (info.channels <= 0 || info.channels > 64 || info.samplerate <= 0 || info.samplerate > 768000) {
-        error = "'" + path + "' is damaged: its header gives " + std::to_string(info.channels) + " channels at " +
-                std::to_string(info.samplerate) + " Hz";
-        return std::nullopt;
+        error_ = "'" + path_ + "' is damaged: its header gives " + std::to_string(info.channels) + " channels at " +
+                 std::to_string(info.samplerate) + " Hz";
+        return false;
     }
-    // What a header says is only a claim: memory grows with what is really
-    // decoded, and the limit is checked on both.
-    const double longest = AudioFile::kLongestSeconds;
-    if (info.frames > 0 && static_cast<double>(info.frames) / info.samplerate > longest) {
-        error = "'" + path + "' is too long to analyse: " + minutes(static_cast<double>(info.frames) / info.samplerate) +
-                "; the limit is " + minutes(longest);
-        return std::nullopt;
-    }
-
-    AudioFile audio;
-    audio.sourceRate = info.samplerate;
-    audio.sourceChannels = info.channels;
-    const bool atCaptureRate = info.samplerate == AudioFile::kRate;
-    const double ratio = static_cast<double>(AudioFile::kRate) / info.samplerate;
-    if (!atCaptureRate && src_is_valid_ratio(ratio) == 0) {
-        error = "cannot resample '" + path + "' from " + std::to_string(info.samplerate) + " Hz";
-        return std::nullopt;
-    }
-    // The narrowest of the band-limited converters: its 80 % pass band still
-    // holds everything up to 5.6 kHz, far above the tuner's 1 kHz ceiling and the
+    sourceRate_ = info.samplerate;
+    sourceChannels_ = info.channels;
+    // The fastest band-limited converter: its 80 % pass band still holds
+    // everything up to 5.6 kHz, far above the tuner's 1 kHz ceiling and the
     // harmonics it sums, with the same 97 dB of noise rejection as the slower
     // ones and a fifth of their cost on a long recording.
-    int status = 0;
-    std::unique_ptr<SRC_STATE, decltype(&src_delete)> resampler(
-        atCaptureRate ? nullptr : src_new(SRC_SINC_FASTEST, 1, &status), &src_delete);
-    if (!atCaptureRate && !resampler) {
-        error = "cannot resample '" + path + "': " + src_strerror(status);
-        return std::nullopt;
+    d.converter.emplace(SampleConverter::Input{SampleConverter::Encoding::Float64, info.channels, info.samplerate},
+                        kRate, Resampler::Quality::Fastest);
+    if (!d.converter->error().empty()) {
+        error_ =
+            "cannot resample '" + path_ + "' from " + std::to_string(info.samplerate) + " Hz: " + d.converter->error();
+        return false;
     }
+    d.chunk.resize(static_cast<size_t>(kChunkFrames) * static_cast<size_t>(info.channels));
+    return true;
+}
 
-    // Read, mixed down and resampled a chunk at a time, so that a long recording
-    // is never held whole in any form but the result.
-    constexpr sf_count_t kChunkFrames = 4096;
-    std::vector<double> chunk(static_cast<size_t>(kChunkFrames) * static_cast<size_t>(info.channels));
-    std::vector<float> mono(static_cast<size_t>(kChunkFrames));
-    std::vector<float> out(static_cast<size_t>(std::ceil(static_cast<double>(kChunkFrames) * ratio)) + 64);
-    bool anyAudio = false;
-    sf_count_t decoded = 0;
-    auto resample = [&](long frames, bool last) {
-        SRC_DATA data{};
-        data.data_in = mono.data();
-        data.input_frames = frames;
-        data.src_ratio = ratio;
-        data.end_of_input = last ? 1 : 0;
-        for (;;) {
-            data.data_out = out.data();
-            data.output_frames = static_cast<long>(out.size());
-            if (const int e = src_process(resampler.get(), &data); e != 0) {
-                status = e;
+// Decodes until a whole block waits or the recording ends.
+bool AudioFile::fill() {
+    Decoder& d = *decoder_;
+    pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(taken_));
+    taken_ = 0;
+    while (!ended_ && pending_.size() < kBlockSamples) {
+        const sf_count_t got = d.chatter.muffled([&] { return sf_readf_double(d.file, d.chunk.data(), kChunkFrames); });
+        std::string where = d.chatter.damage();
+        // Every read clears libsndfile's error: what the last one left is what counts.
+        if (got <= 0 && where.empty() && sf_error(d.file) != SF_ERR_NO_ERROR) {
+            char after[64];
+            std::snprintf(after, sizeof after, "after %.2f s of audio", static_cast<double>(d.decoded) / sourceRate_);
+            where = std::string(after) + ": " + sf_strerror(d.file);
+        }
+        if (!where.empty()) {
+            error_ = "'" + path_ + "' is damaged " + where;
+            return false;
+        }
+        if (got <= 0) {
+            ended_ = true;
+            if (d.decoded == 0) {
+                error_ = "'" + path_ + "' holds no audio";
                 return false;
             }
-            for (long i = 0; i < data.output_frames_gen; ++i)
-                audio.samples.push_back(toSample(out[static_cast<size_t>(i)]));
-            data.data_in += data.input_frames_used;
-            data.input_frames -= data.input_frames_used;
-            if (data.input_frames == 0 && (!last || data.output_frames_gen == 0))
-                return true;
-        }
-    };
-    for (;;) {
-        const sf_count_t got = sf_readf_double(file.get(), chunk.data(), kChunkFrames);
-        if (got <= 0)
+            if (!d.converter->finish(pending_)) {
+                error_ = "cannot resample '" + path_ + "': " + d.converter->error();
+                return false;
+            }
             break;
-        anyAudio = true;
-        decoded += got;
-        if (static_cast<double>(decoded) / info.samplerate > longest) {
-            error = "'" + path + "' is too long to analyse: more than " + minutes(longest) + ", the limit";
-            return std::nullopt;
         }
-        for (sf_count_t f = 0; f < got; ++f) {
-            double sum = 0.0;
-            for (int c = 0; c < info.channels; ++c)
-                sum += chunk[static_cast<size_t>(f * info.channels + c)];
-            const double v = sum / info.channels;
-            // At the capture rate, 16-bit input comes out exactly as it went in.
-            if (atCaptureRate)
-                audio.samples.push_back(toSample(v));
-            else
-                mono[static_cast<size_t>(f)] = static_cast<float>(v);
+        // The length a header gives is only a claim (libsndfile reads no further,
+        // and a file whose data ends sooner simply ends), so the limit holds on
+        // what is really decoded.
+        d.decoded += got;
+        if (static_cast<double>(d.decoded) / sourceRate_ > longest_) {
+            error_ = "'" + path_ + "' is too long to analyse: more than " + duration(longest_) + ", the limit";
+            return false;
         }
-        if (!atCaptureRate && !resample(static_cast<long>(got), false))
-            break;
+        const size_t samples = static_cast<size_t>(got) * static_cast<size_t>(sourceChannels_);
+        if (!d.converter->push(d.chunk.data(), samples * sizeof(double), pending_)) {
+            error_ = "cannot resample '" + path_ + "': " + d.converter->error();
+            return false;
+        }
     }
-    const std::string where = chatter.damage();
-    if (sf_error(file.get()) != SF_ERR_NO_ERROR || !where.empty()) {
-        char after[64];
-        std::snprintf(after, sizeof after, "after %.2f s of audio", static_cast<double>(decoded) / info.samplerate);
-        error = "'" + path + "' is damaged " + (where.empty() ? std::string(after) + ": " + sf_strerror(file.get()) : where);
-        return std::nullopt;
-    }
-    if (!anyAudio) {
-        error = "'" + path + "' holds no audio";
-        return std::nullopt;
-    }
-    if (!atCaptureRate && (status != 0 || !resample(0, true))) {
-        error = "cannot resample '" + path + "': " + src_strerror(status);
-        return std::nullopt;
-    }
-    if (audio.samples.empty()) {
-        error = "'" + path + "' is too short to resample";
-        return std::nullopt;
-    }
-    return audio;
+    return true;
+}
+
+bool AudioFile::next(std::vector<int16_t>& block) {
+    if (!error_.empty() || !decoder_)
+        return false;
+    if (pending_.size() - taken_ < kBlockSamples && !ended_ && !fill())
+        return false;
+    const size_t n = std::min(kBlockSamples, pending_.size() - taken_);
+    if (n == 0)
+        return false;
+    const auto from = pending_.begin() + static_cast<std::ptrdiff_t>(taken_);
+    block.assign(from, from + static_cast<std::ptrdiff_t>(n));
+    taken_ += n;
+    return true;
 }
 
 } // namespace uke::tool

@@ -1,36 +1,60 @@
 #pragma once
 // Recordings as the listener would have captured them: mono, 16-bit, at the
-// capture rate, cut into capture-buffer blocks.
+// capture rate, cut into capture-buffer blocks, decoded a piece at a time as the
+// blocks are taken, so that a recording of any length is read in the same memory.
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace uke::tool {
 
-struct AudioFile {
+class AudioFile {
+public:
     static constexpr int kRate = 14039;           // hertz, the listener's capture rate
     static constexpr size_t kBlockSamples = 4096; // one capture buffer
-    // The longest recording analysed: half an hour is 25 million samples at the
-    // capture rate, some 100 MB once cut into blocks and replayed.
-    static constexpr double kLongestSeconds = 30.0 * 60.0;
+    // The most audio decoded from one recording. Memory does not grow with the
+    // length: the limit only bounds the time one file can take (a day of audio
+    // takes minutes).
+    static constexpr double kLongestSeconds = 24.0 * 60.0 * 60.0;
 
-    int sourceRate = 0; // hertz, as stored in the file
-    int sourceChannels = 0;
-    std::vector<int16_t> samples; // mono at kRate
+    // Opens any format libsndfile knows and decodes up to the first block. A file
+    // that is missing, a directory, unreadable, not audio, damaged where it starts
+    // (its header giving no channels or an impossible rate among that) or holding
+    // no audio leaves a one-line reason in error(); the decoders' own messages
+    // never reach the error stream.
+    explicit AudioFile(const std::string& path, double longestSeconds = kLongestSeconds);
+    ~AudioFile();
+    AudioFile(const AudioFile&) = delete;
+    AudioFile& operator=(const AudioFile&) = delete;
 
-    // Blocks of kBlockSamples; a shorter last block keeps its own length.
-    std::vector<std::vector<int16_t>> blocks(size_t blockSamples = kBlockSamples) const;
+    // The next block: kBlockSamples samples, the last one as many as are left.
+    // Channels are averaged, other rates resampled (libsamplerate's fastest
+    // band-limited converter) and samples rounded and clipped to 16 bits. False at
+    // the end, or where the recording turns out damaged or more than
+    // `longestSeconds` of audio: then error() says so.
+    bool next(std::vector<int16_t>& block);
+    const std::string& error() const { return error_; }
+
+    int sourceRate() const { return sourceRate_; } // hertz, as stored in the file
+    int sourceChannels() const { return sourceChannels_; }
     // Seconds from the start of the recording to the start of block `b`.
     static double blockStart(size_t b) { return static_cast<double>(b) * kBlockSamples / kRate; }
-};
 
-// Reads any format libsndfile knows: channels are averaged to mono, other rates
-// resampled (SRC_SINC_FASTEST) to kRate, and samples rounded and clipped to 16
-// bits. Nothing, with a one-line reason in `error`, for a file that is missing,
-// a directory, unreadable, not audio, damaged (where the decoder says so),
-// longer than kLongestSeconds or empty; the decoders' own messages never reach
-// the error stream.
-std::optional<AudioFile> readAudioFile(const std::string& path, std::string& error);
+private:
+    struct Decoder;
+    bool open();
+    bool fill();
+
+    std::string path_;
+    double longest_;
+    std::string error_;
+    int sourceRate_ = 0;
+    int sourceChannels_ = 0;
+    std::unique_ptr<Decoder> decoder_;
+    std::vector<int16_t> pending_; // converted; its first taken_ samples already handed out
+    size_t taken_ = 0;
+    bool ended_ = false;
+};
 
 } // namespace uke::tool

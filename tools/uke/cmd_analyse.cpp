@@ -24,7 +24,7 @@ std::string seconds(double t) {
 
 // Every block through the listener's own capture path, as the microphone would
 // have delivered it, and one reading of level and estimate after each.
-int analyseBlocks(const std::vector<std::vector<int16_t>>& blocks, bool json, std::ostream& out, std::ostream& err) {
+int analyseBlocks(AudioFile& audio, bool json, std::ostream& out, std::ostream& err) {
     FakeAudioCapture capture;
     RecordingLog log;
     const MicListener::Attachment attached(capture, log);
@@ -37,8 +37,9 @@ int analyseBlocks(const std::vector<std::vector<int16_t>>& blocks, bool json, st
     if (!json)
         out << "block         t   average      peak   frequency\n";
     char line[160];
-    for (size_t b = 0; b < blocks.size(); ++b) {
-        if (!capture.deliver(blocks[b])) {
+    std::vector<int16_t> block;
+    for (size_t b = 0; audio.next(block); ++b) {
+        if (!capture.deliver(block)) {
             err << "uke analyse: block " << b << " was not taken by the listener\n";
             return 2;
         }
@@ -94,16 +95,20 @@ int cmdAnalyse(const Words& words, std::ostream& out, std::ostream& err) {
         }
     }
 
-    std::string error;
-    const auto audio = readAudioFile(args.positional().front(), error);
-    if (!audio) {
-        err << "uke analyse: " << error << "\n";
+    AudioFile audio(args.positional().front());
+    if (!audio.error().empty()) {
+        err << "uke analyse: " << audio.error() << "\n";
         return 2;
     }
-    const auto blocks = audio->blocks();
-    if (!blocksMode)
-        return analyseTuner(blocks, args, out, err);
-    return analyseBlocks(blocks, format == "json", out, err);
+    const int status =
+        blocksMode ? analyseBlocks(audio, format == "json", out, err) : analyseTuner(audio, args, out, err);
+    // The recording is decoded as it is analysed: damage or too great a length
+    // can still come to light after the first lines.
+    if (!audio.error().empty()) {
+        err << "uke analyse: " << audio.error() << "\n";
+        return 2;
+    }
+    return status;
 }
 
 } // namespace uke::tool

@@ -3,8 +3,7 @@
 
 namespace uke::tool {
 
-int analyseTuner(const std::vector<std::vector<int16_t>>& blocks, const Args& args, std::ostream& out,
-                 std::ostream& err) {
+int analyseTuner(AudioFile& audio, const Args& args, std::ostream& out, std::ostream& err) {
     Args options = args; // the readers note their errors on the object
     TunerOptions tuner;
     std::string error;
@@ -12,7 +11,7 @@ int analyseTuner(const std::vector<std::vector<int16_t>>& blocks, const Args& ar
         err << "uke analyse: " << error << "\n";
         return 2;
     }
-    return replayThroughTuner(blocks, tuner, out, err);
+    return replayThroughTuner(audio, tuner, out, err);
 }
 
 } // namespace uke::tool
