@@ -31,7 +31,7 @@ void BM_SelectRootAndRedraw(benchmark::State& state) {
         c.showRatingPromptIfDue = [] {};
     };
     uke::TunerApp app(platform.services(), listener, config);
-    app.openChords();
+    app.setChordsOpen(true);
     uke::ChordsViewController& controller = *app.chords();
     long row = 0;
     for (auto _ : state) {

@@ -55,9 +55,9 @@ int main(int argc, char** argv) {
                 forward ? app.tuner().showNextTuning() : app.tuner().showPreviousTuning();
             }
             if (minute % 10 == 9)
-                app.openChords();
+                app.setChordsOpen(true);
             if (minute % 10 == 0 && app.chordsOpen())
-                app.closeChords();
+                app.setChordsOpen(false);
         }
         // A pluck of each string in turn, 2 s each, then 1 s of silence.
         const auto slot = static_cast<long>(t / 3.0);

@@ -84,11 +84,17 @@ std::string chordPickerRow(const TunerApp& app, Args a) {
     return rows(static_cast<double>(chords->numberOfRowsInComponent(static_cast<int64_t>(tag))), a[1]);
 }
 
+std::string panelOpen(const TunerApp& app, Args) {
+    return app.panel() == TunerApp::Panel::None ? "no panel is open" : "";
+}
+
 ViewController& tuner(TunerApp& app) { return app.tuner(); }
 
 // The table is written with plain function pointers so that it is built at
 // compile time and an action's whole row reads on one line.
 #define TUNER(call) [](TunerApp& app, Args) { tuner(app).call(); }
+#define PANEL_REFUSAL(panel) [](const TunerApp& app, Args) { return app.panelRefusal(TunerApp::Panel::panel); }
+#define OPEN(panel) [](TunerApp& app, Args) { app.openPanel(TunerApp::Panel::panel); }
 
 const std::vector<Action> kTable = {
     // The tuner screen.
@@ -99,16 +105,18 @@ const std::vector<Action> kTable = {
     {Screen::Tuner, "play2ndStringSound", "", Argument::None, 0, none, TUNER(play2ndStringSound)},
     {Screen::Tuner, "play3rdStringSound", "", Argument::None, 0, none, TUNER(play3rdStringSound)},
     {Screen::Tuner, "play4thStringSound", "", Argument::None, 0, none, TUNER(play4thStringSound)},
-    {Screen::Tuner, "openChords", "", Argument::None, 0, none, [](TunerApp& app, Args) { app.openChords(); }},
+    {Screen::Tuner, "openChords", "", Argument::None, 0, none, [](TunerApp& app, Args) { app.setChordsOpen(true); }},
     // The tuning fork.
     {Screen::Tuner, "playA440Hz", "", Argument::None, 0, none, TUNER(playA440Hz)},
     {Screen::Tuner, "playE329_6", "", Argument::None, 0, none, TUNER(playE329_6)},
     {Screen::Tuner, "playC261_6Hz", "", Argument::None, 0, none, TUNER(playC261_6Hz)},
     {Screen::Tuner, "playG392Hz", "", Argument::None, 0, none, TUNER(playG392Hz)},
     {Screen::Tuner, "stopFreqPlay", "", Argument::None, 0, none, TUNER(stopFreqPlay)},
-    {Screen::Tuner, "disableTemporarilySoundConfirmation", "", Argument::None, 0, none,
-     TUNER(disableTemporarilySoundConfirmation)},
-    {Screen::Tuner, "enableSoundConfirmation", "", Argument::None, 0, none, TUNER(enableSoundConfirmation)},
+    // The panels over the tuner.
+    {Screen::Tuner, "openSettings", "", Argument::None, 0, PANEL_REFUSAL(Settings), OPEN(Settings)},
+    {Screen::Tuner, "openAbout", "", Argument::None, 0, PANEL_REFUSAL(About), OPEN(About)},
+    {Screen::Tuner, "openTuningFork", "", Argument::None, 0, PANEL_REFUSAL(TuningFork), OPEN(TuningFork)},
+    {Screen::Tuner, "closePanel", "", Argument::None, 0, panelOpen, [](TunerApp& app, Args) { app.closePanel(); }},
     // The settings and about panels.
     {Screen::Tuner, "didSelectRow", "select-language", Argument::Whole, 1, languageRow,
      [](TunerApp& app, Args a) { app.selectLanguage(static_cast<long>(a[0])); }},
@@ -129,10 +137,12 @@ const std::vector<Action> kTable = {
      [](TunerApp& app, Args a) { app.chords()->didSelectRow(static_cast<int64_t>(a[0]), static_cast<long>(a[1])); }},
     {Screen::Chords, "toggleSharpOfFlat", "", Argument::None, 0, chordsOpen,
      [](TunerApp& app, Args) { app.chords()->toggleSharpOfFlat(); }},
-    {Screen::Chords, "closeChords", "", Argument::None, 0, chordsOpen, [](TunerApp& app, Args) { app.closeChords(); }},
+    {Screen::Chords, "closeChords", "", Argument::None, 0, chordsOpen, [](TunerApp& app, Args) { app.setChordsOpen(false); }},
 };
 
 #undef TUNER
+#undef PANEL_REFUSAL
+#undef OPEN
 
 std::string_view firstWord(std::string_view word) { return word.substr(0, word.find(' ')); }
 

@@ -8,6 +8,8 @@
 #include "rating/RatingPrompt.h"
 #include "tuner/ViewController.h"
 
+#include <utility>
+
 namespace uke {
 
 TunerApp::TunerApp(Services services, PitchSource& listener) : TunerApp(services, listener, Config{}) {}
@@ -55,22 +57,54 @@ void TunerApp::selectLanguage(long row) {
     tuner_->overrideDefaultLanguage();
 }
 
-void TunerApp::openChords() {
+std::string TunerApp::panelRefusal(Panel panel) const {
     if (chords_)
+        return "the chord library covers the tuner";
+    if (panel_ != Panel::None)
+        return std::string("a panel is open: ") + panelName(panel_);
+    if (panel == Panel::TuningFork && tunerScreen_.tuningForkButton.hidden)
+        return "this device offers no tuning fork";
+    return {};
+}
+
+void TunerApp::openPanel(Panel panel) {
+    if (panel == Panel::None || !panelRefusal(panel).empty())
         return;
+    panel_ = panel;
+    if (panel == Panel::TuningFork)
+        tuner_->disableTemporarilySoundConfirmation();
+}
+
+void TunerApp::closePanel() {
+    const Panel closing = std::exchange(panel_, Panel::None);
+    if (closing == Panel::TuningFork)
+        tuner_->enableSoundConfirmation();
+}
+
+const char* TunerApp::panelName(Panel panel) {
+    switch (panel) {
+    case Panel::Settings: return "settings";
+    case Panel::About: return "about";
+    case Panel::TuningFork: return "tuningFork";
+    case Panel::None: break;
+    }
+    return "";
+}
+
+void TunerApp::setChordsOpen(bool open) {
+    if (open == chordsOpen())
+        return;
+    if (!open) {
+        chords_.reset();
+        tuner_->viewWillAppear();
+        return;
+    }
     chordScreen_ = ChordScreenModel{};
     chords_ = std::make_unique<ChordsViewController>(s_, state_, chordScreen_, *rating_);
     tuner_->prepareForSegue("showChordsView", *chords_);
     if (config_.chordsWillLoad)
         config_.chordsWillLoad(*chords_);
     chords_->viewDidLoad();
-}
-
-void TunerApp::closeChords() {
-    if (!chords_)
-        return;
-    chords_.reset();
-    tuner_->viewWillAppear();
 }
 
 bool TunerApp::hearing() const { return listener_.hearing(); }
@@ -94,6 +128,10 @@ const ImageView& TunerApp::shownHighlight() const {
 
 const ImageView& TunerApp::shownLamp() const {
     return s_.device.idiom() == Idiom::Pad ? tunerScreen_.LEDDisplay128 : tunerScreen_.LEDDisplay;
+}
+
+const char* TunerApp::shownLampOutlet() const {
+    return s_.device.idiom() == Idiom::Pad ? "LEDDisplay128" : "LEDDisplay";
 }
 
 } // namespace uke

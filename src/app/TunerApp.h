@@ -53,10 +53,21 @@ public:
     // The naming picker: the choice is stored, then applied to the string names.
     void selectLanguage(long row);
 
+    // The panels over the tuner screen, one at a time. The tuning fork is offered
+    // only while its button shows, and the confirmation beep keeps quiet while it
+    // is open.
+    enum class Panel { None, Settings, About, TuningFork };
+    // Why `panel` cannot open now; empty when it can.
+    std::string panelRefusal(Panel panel) const;
+    void openPanel(Panel panel);
+    void closePanel();
+    Panel panel() const { return panel_; }
+    // "settings", "about", "tuningFork", or empty with none open: what the views bind to.
+    static const char* panelName(Panel panel);
+
     // The chord library covers the tuner while open; closing it makes the tuner
     // screen appear again.
-    void openChords();
-    void closeChords();
+    void setChordsOpen(bool open);
     bool chordsOpen() const { return chords_ != nullptr; }
 
     ViewController& tuner() { return *tuner_; }
@@ -81,9 +92,11 @@ public:
     // the microphone waits for the player's first tap (a browser opens it only then).
     std::string idleReadout(bool waitingForTap = false) const;
 
-    // The string highlight and the lamp that this device class's layout shows.
+    // The string highlight and the lamp that this device class's layout shows; the
+    // views show the lamp outlet named here ("LEDDisplay128" on a pad).
     const ImageView& shownHighlight() const;
     const ImageView& shownLamp() const;
+    const char* shownLampOutlet() const;
 
 private:
     void showWindow(const std::string& storyboard);
@@ -100,6 +113,7 @@ private:
     std::unique_ptr<ChordsViewController> chords_;
     std::unique_ptr<AppDelegate> delegate_;
     WindowBuilder buildWindow_;
+    Panel panel_ = Panel::None;
 };
 
 } // namespace uke

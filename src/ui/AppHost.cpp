@@ -118,6 +118,10 @@ void AppHost::syncFlags() {
         chordsOpen_ = open;
         emit chordsOpenChanged();
     }
+    if (const TunerApp::Panel panel = app_->panel(); panel != panel_) {
+        panel_ = panel;
+        emit panelChanged();
+    }
     if (const bool inTune = app_->tunerScreen().inTune(); inTune != inTune_) {
         inTune_ = inTune;
         emit inTuneChanged();

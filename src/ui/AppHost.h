@@ -38,6 +38,10 @@ class AppHost : public QObject {
     Q_PROPERTY(QVariantMap geometry READ geometry CONSTANT)
     Q_PROPERTY(bool isPad READ isPad CONSTANT)
     Q_PROPERTY(bool chordsOpen READ chordsOpen NOTIFY chordsOpenChanged)
+    // The panel over the tuner ("settings", "about", "tuningFork"), empty with none.
+    Q_PROPERTY(QString panel READ panel NOTIFY panelChanged)
+    // The lamp outlet this device class shows.
+    Q_PROPERTY(QString lampOutlet READ lampOutlet CONSTANT)
     // Whether the microphone is being heard; false where no input could be opened.
     Q_PROPERTY(bool hearing READ hearing NOTIFY hearingChanged)
     // What the frequency read-out says while it has nothing to show.
@@ -71,6 +75,8 @@ public:
     QVariantMap geometry() const { return geometry_; }
     bool isPad() const { return options_.device.idiom == Idiom::Pad; }
     bool chordsOpen() const { return chordsOpen_; }
+    QString panel() const { return QString::fromLatin1(TunerApp::panelName(panel_)); }
+    QString lampOutlet() const { return QString::fromLatin1(app_->shownLampOutlet()); }
     bool hearing() const { return hearing_; }
     QString idleReadout() const;
     bool inTune() const { return inTune_; }
@@ -97,6 +103,7 @@ public:
 
 signals:
     void chordsOpenChanged();
+    void panelChanged();
     void hearingChanged();
     void inTuneChanged();
     void pixelScaleChanged();
@@ -120,6 +127,7 @@ private:
     bool hearing_ = true;
     bool inTune_ = false;
     bool chordsOpen_ = false;
+    TunerApp::Panel panel_ = TunerApp::Panel::None;
     qreal pixelScale_ = 1.0;
 };
 

@@ -2,7 +2,6 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QIcon>
-#include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
 #include <algorithm>
@@ -23,9 +22,11 @@ struct CommandLine {
     bool stats = false;  // report the first frame and the frames drawn
 };
 
-// What --show opens: the chord screen, or the object name of a panel.
-const char* const kShowable[][2] = {
-    {"chords", ""}, {"settings", "settingsSheet"}, {"about", "aboutSheet"}, {"fork", "tuningForkSheet"}};
+// What --show opens: the chord library, or a panel over the tuner.
+const std::pair<const char*, uke::TunerApp::Panel> kShowable[] = {{"chords", uke::TunerApp::Panel::None},
+                                                                  {"settings", uke::TunerApp::Panel::Settings},
+                                                                  {"about", uke::TunerApp::Panel::About},
+                                                                  {"fork", uke::TunerApp::Panel::TuningFork}};
 
 void usage(FILE* to) {
     std::fprintf(to, "usage: ukulele-tuner [--help] [--version] [--device phone-HEIGHT|pad-HEIGHT]\n"
@@ -95,7 +96,7 @@ int parse(const QStringList& arguments, CommandLine& cl) {
     }
     if (p.isSet(show)) {
         cl.show = p.value(show);
-        if (std::none_of(std::begin(kShowable), std::end(kShowable), [&](const auto& s) { return cl.show == s[0]; }))
+        if (std::none_of(std::begin(kShowable), std::end(kShowable), [&](const auto& s) { return cl.show == s.first; }))
             return badArgument(QString("--show needs chords, settings, about or fork, not '%1'").arg(cl.show));
     }
     cl.stats = p.isSet(stats);
@@ -108,25 +109,16 @@ int parse(const QStringList& arguments, CommandLine& cl) {
     return -1;
 }
 
-// Searched through the visual tree: the window's items are not QObject children
-// of its content item.
-QQuickItem* findItem(QQuickItem* under, const char* name) {
-    for (QQuickItem* child : under->childItems())
-        if (QQuickItem* found = child->objectName() == QLatin1String(name) ? child : findItem(child, name))
-            return found;
-    return nullptr;
-}
-
 // Opens the screen or panel --show names.
 void showAtStart(uke::AppHost& host, const QString& show) {
     for (const auto& [name, panel] : kShowable) {
         if (show != name)
             continue;
-        if (*panel == '\0') {
-            host.app().openChords();
-            host.sync();
-        } else if (QQuickItem* sheet = findItem(host.window()->contentItem(), panel))
-            sheet->setProperty("open", true);
+        if (panel == uke::TunerApp::Panel::None)
+            host.app().setChordsOpen(true);
+        else
+            host.app().openPanel(panel);
+        host.sync();
     }
 }
 

@@ -59,6 +59,39 @@ TEST_F(Actions, ChordPickersTakeTheirOwnRowsOnlyWhileTheLibraryIsOpen) {
     EXPECT_FALSE(app->chordsOpen());
 }
 
+// One panel at a time, never under the chord library; the beep keeps quiet while
+// the tuning fork is open, and the fork opens only where its button shows.
+TEST_F(Actions, PanelsOpenOneAtATimeAndTheForkQuietsTheBeep) {
+    app->start();
+    const struct {
+        Screen screen;
+        const char* name;
+        const char* why;
+        const char* panel;
+    } steps[] = {
+        {Screen::Tuner, "closePanel", "no panel is open", ""},
+        {Screen::Tuner, "openTuningFork", "", "tuningFork"},
+        {Screen::Tuner, "openSettings", "a panel is open: tuningFork", "tuningFork"},
+        {Screen::Tuner, "closePanel", "", ""},
+        {Screen::Tuner, "openAbout", "", "about"},
+        {Screen::Tuner, "closePanel", "", ""},
+        {Screen::Tuner, "openChords", "", ""},
+        {Screen::Tuner, "openSettings", "the chord library covers the tuner", ""},
+    };
+    for (const auto& step : steps) {
+        EXPECT_EQ(actions::run(*app, step.screen, step.name, {}), step.why) << step.name;
+        EXPECT_STREQ(TunerApp::panelName(app->panel()), step.panel) << step.name;
+        EXPECT_EQ(state.tuningForkFlag, std::string(step.panel) == "tuningFork") << step.name;
+    }
+}
+
+TEST_F(Actions, NoTuningForkWhereItsButtonIsHidden) {
+    platform.device.version = "5.1";
+    app->start();
+    EXPECT_EQ(actions::run(*app, Screen::Tuner, "openTuningFork", {}), "this device offers no tuning fork");
+    EXPECT_FALSE(state.tuningForkFlag);
+}
+
 // The last arrow step is the last tuning: a script walking on is stopped there.
 TEST_F(Actions, TheArrowsStopAtTheEndsOfTheList) {
     app->start();

@@ -53,11 +53,11 @@ protected:
     // `chart`, naming roots in `naming` (the tuner always hands over 1); the first
     // chord is drawn from `draws`.
     ChordsViewController& open(int64_t chart, int64_t naming = 1, std::deque<uint32_t> draws = {0, 0}) {
-        app->closeChords();
+        app->setChordsOpen(false);
         this->chart = chart;
         language = naming;
         randomDraws = std::move(draws);
-        app->openChords();
+        app->setChordsOpen(true);
         controller = app->chords();
         return *controller;
     }

@@ -118,11 +118,13 @@ struct RunningApp {
         QQuickItem* sheet = item(name);
         EXPECT_NE(sheet, nullptr) << name;
         if (sheet) {
-            sheet->setProperty("open", true);
+            const QString panel = sheet->property("panel").toString();
+            host->tuner()->act("open" + panel.left(1).toUpper() + panel.mid(1));
             EXPECT_TRUE(settleUntil([&] { return sheet->property("progress").toDouble() == 1.0; })) << name;
         }
         return sheet;
     }
+    void closeSheet() const { tuner().act("closePanel"); }
     // The window once it holds still: the same picture as one taken a few frames before.
     QImage grab() const {
         QImage before, now = window()->grabWindow();

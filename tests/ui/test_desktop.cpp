@@ -202,12 +202,11 @@ TEST(DesktopAccessibility, ButtonsAndReadOutsHaveNamesAndRoles) {
     };
     everyPressableIsNamed("tuning fork");
     for (const char* panel : {"settingsSheet", "aboutSheet"}) {
-        r.item("tuningForkSheet")->setProperty("open", false);
-        r.item("settingsSheet")->setProperty("open", false);
+        r.closeSheet();
         r.openSheet(panel);
         everyPressableIsNamed(panel);
     }
-    r.item("aboutSheet")->setProperty("open", false);
+    r.closeSheet();
     r.host->tuner()->act("openChords");
     test::settle(300);
     everyPressableIsNamed("chords");

@@ -107,7 +107,7 @@ TEST_P(PanelsFit, OnEveryScreenClass) {
             QQuickItem* scroller = r.item("sheetScroller", sheet);
             EXPECT_EQ(scroller->property("interactive").toBool(),
                       scroller->property("contentHeight").toDouble() > scroller->height());
-            sheet->setProperty("open", false);
+            r.closeSheet();
         }
         // The read-out and its unit stay clear of the stepper's buttons.
         EXPECT_LE(sceneRect(r.item("hZLabel")).right(), sceneRect(r.item("setFrequencyValueStepper")).left());

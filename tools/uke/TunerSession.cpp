@@ -5,8 +5,8 @@
 
 #include "Args.h"
 #include "base/OutletJson.h"
+#include "base/SettingsKeys.h"
 #include "settings/FactorySettings.h"
-#include "settings/SettingsKeys.h"
 #include "tuner/ViewController.h"
 
 namespace uke::tool {

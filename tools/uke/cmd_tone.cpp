@@ -12,9 +12,9 @@
 
 #include "Args.h"
 #include "Commands.h"
-#include "sounds/ToneGenerator.h"
 #include "base/StringTargetTable.h"
-#include "tuner/TuningCatalogue.h"
+#include "base/TuningCatalogue.h"
+#include "sounds/ToneGenerator.h"
 
 #ifdef UKE_HAVE_QT
 #include <QAudioDevice>

@@ -2,12 +2,12 @@
 #include <iomanip>
 
 #include "Args.h"
-#include "base/OutletJson.h"
 #include "Commands.h"
+#include "base/OutletJson.h"
 #include "base/StringTargetTable.h"
+#include "base/TuningCatalogue.h"
 #include "platform/virtual/TsStringTable.h"
 #include "platform/virtual/VirtualPlatform.h"
-#include "tuner/TuningCatalogue.h"
 
 namespace uke::tool {
 

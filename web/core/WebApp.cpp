@@ -79,13 +79,19 @@ std::string WebApp::changes() {
         flagsShown_[name] = value;
         out += (out.empty() ? "" : ", ") + jsonQuoted(name) + ": " + (value ? "true" : "false");
     };
+    auto text = [&](const char* name, std::string value) {
+        std::string& shown = textsShown_[name];
+        if (shown == value)
+            return;
+        out += (out.empty() ? "" : ", ") + jsonQuoted(name) + ": " + jsonQuoted(value);
+        shown = std::move(value);
+    };
     flag("hearing", app_->hearing());
     flag("inTune", tuner.inTune());
     flag("chordsOpen", app_->chordsOpen());
-    if (std::string idle = app_->idleReadout(!micOpen_); idle != idleShown_) {
-        out += (out.empty() ? "" : ", ") + std::string("\"idleReadout\": ") + jsonQuoted(idle);
-        idleShown_ = std::move(idle);
-    }
+    text("idleReadout", app_->idleReadout(!micOpen_));
+    text("panel", TunerApp::panelName(app_->panel()));
+    text("lampOutlet", app_->shownLampOutlet());
     return out.empty() ? std::string{} : "{" + out + "}";
 }
 

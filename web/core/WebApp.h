@@ -42,7 +42,8 @@ public:
 
     // What changed on the screens since the last call, as JSON:
     // {"tuner": {outlet: value, ...}, "chords": {...}, "hearing": b, "inTune": b,
-    //  "chordsOpen": b, "idleReadout": text}, with only the keys that changed; ""
+    //  "chordsOpen": b, "idleReadout": text, "panel": name, "lampOutlet": name}, with
+    //  only the keys that changed; ""
     // when nothing did.
     std::string changes();
 
@@ -73,7 +74,7 @@ private:
     // What the page was last told of every outlet.
     OutletChanges tunerShown_, chordsShown_;
     std::map<std::string, bool> flagsShown_;
-    std::string idleShown_;
+    std::map<std::string, std::string> textsShown_;
     bool micOpen_ = false;
     bool dirty_ = true;
 };

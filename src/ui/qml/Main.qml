@@ -15,7 +15,7 @@ Window {
     title: qsTr("Ukulele Tuner")
     color: Theme.background
 
-    readonly property bool panelOpen: settingsSheet.open || aboutSheet.open || tuningForkSheet.open
+    readonly property bool panelOpen: App.panel !== ""
 
     // Pictures are redrawn only in quarter steps of scale, not at every pixel of a
     // drag. The screen's own pixel ratio Qt applies to every picture itself.
@@ -50,21 +50,10 @@ Window {
             // Covered whole by the chord screen: a read-out that changes beneath it
             // would still cost a frame.
             visible: !App.chordsOpen
-            onOpenSettings: settingsSheet.open = true
-            onOpenAbout: aboutSheet.open = true
-            onOpenTuningFork: {
-                tuningForkSheet.open = true
-                App.tuner.act("disableTemporarilySoundConfirmation")
-            }
-            onOpenChords: App.tuner.act("openChords")
         }
-        SettingsSheet { id: settingsSheet; objectName: "settingsSheet" }
-        AboutSheet { id: aboutSheet; objectName: "aboutSheet" }
-        TuningForkSheet {
-            id: tuningForkSheet
-            objectName: "tuningForkSheet"
-            onClosed: App.tuner.act("enableSoundConfirmation")
-        }
+        SettingsSheet { id: settingsSheet; objectName: "settingsSheet"; panel: "settings" }
+        AboutSheet { id: aboutSheet; objectName: "aboutSheet"; panel: "about" }
+        TuningForkSheet { id: tuningForkSheet; objectName: "tuningForkSheet"; panel: "tuningFork" }
         Loader {
             anchors.fill: parent
             active: App.chordsOpen
@@ -104,14 +93,6 @@ Window {
     Shortcut {
         sequence: "Escape"
         enabled: !App.alert.visible && (window.panelOpen || App.chordsOpen)
-        onActivated: {
-            for (const sheet of [tuningForkSheet, settingsSheet, aboutSheet]) {
-                if (sheet.open) {
-                    sheet.close()
-                    return
-                }
-            }
-            App.chords.act("closeChords")
-        }
+        onActivated: window.panelOpen ? App.tuner.act("closePanel") : App.chords.act("closeChords")
     }
 }

@@ -8,18 +8,19 @@ import "Theme.js" as Theme
 Item {
     id: sheet
     property string title: ""
-    property bool open: false
+    // Which of the app's panels this is; the app says which one is open.
+    property string panel: ""
+    readonly property bool open: panel !== "" && App.panel === panel
     property real unit: App.layout.unit || 1
     default property alias content: body.data
     // 0 closed, 1 open. Only opening and closing animate it, so the sheet stays out
     // of sight while the window takes its size.
     property real progress: open ? 1 : 0
     Behavior on progress { NumberAnimation { duration: 220; easing.type: Easing.OutCubic } }
-    signal closed()
     anchors.fill: parent
     visible: progress > 0
 
-    function close() { open = false; closed() }
+    function close() { App.tuner.act("closePanel") }
 
     Rectangle {
         anchors.fill: parent

@@ -9,10 +9,6 @@ Item {
     property var lay: App.layout
     property var geo: App.geometry.headstock
     property real u: lay.unit || 1
-    signal openSettings()
-    signal openAbout()
-    signal openTuningFork()
-    signal openChords()
 
     readonly property var stringLabels: [o.firstString, o.secondString, o.thirdString, o.fourthString]
     // String n's recording, when its label (the button that plays it) shows.
@@ -114,7 +110,7 @@ Item {
             anchors.right: parent.right; anchors.rightMargin: lay.margin * 2
             anchors.verticalCenter: parent.verticalCenter
             width: lay.readoutHeight * 0.62; height: width
-            outlet: lay.pad ? o.LEDDisplay128 : o.LEDDisplay
+            outlet: o[App.lampOutlet]
             Accessible.role: Accessible.Indicator
             Accessible.name: App.inTune ? qsTr("In tune") : qsTr("Not in tune")
         }
@@ -219,7 +215,7 @@ Item {
             name: qsTr("Settings")
             width: lay.toolbarHeight; height: lay.toolbarHeight
             icon: "settings.png"
-            onClicked: screen.openSettings()
+            onClicked: App.tuner.act("openSettings")
         }
         IconButton {
             objectName: "tuningForkButton"
@@ -227,21 +223,21 @@ Item {
             width: lay.toolbarHeight; height: lay.toolbarHeight
             icon: "tuning_fork.png"
             enabled: !o.tuningForkButton.hidden
-            onClicked: screen.openTuningFork()
+            onClicked: App.tuner.act("openTuningFork")
         }
         IconButton {
             objectName: "goToChordsLibraryButton"
             name: qsTr("Chord library")
             width: lay.toolbarHeight; height: lay.toolbarHeight
             icon: o.goToChordsLibraryButton.image || ""
-            onClicked: screen.openChords()
+            onClicked: App.tuner.act("openChords")
         }
         IconButton {
             objectName: "aboutButton"
             name: qsTr("About")
             width: lay.toolbarHeight; height: lay.toolbarHeight
             icon: "about.png"
-            onClicked: screen.openAbout()
+            onClicked: App.tuner.act("openAbout")
         }
     }
 }

@@ -6,7 +6,7 @@ import { createSheet } from './sheet.js';
 export function createAbout(v) {
   const { ctx, lay, u } = v;
   const tr = (s) => ctx.tr('AboutSheet', s);
-  const sheet = createSheet(v, { title: tr('About'), name: 'aboutSheet' });
+  const sheet = createSheet(v, { title: tr('About'), name: 'aboutSheet', panel: 'about' });
   const font = lay.labelFont || 16;
   const text = (name, props) => outletText(v, 'tuner', name, 'div', { class: 'about-text', ...props });
   const button = (name, caption, primary, action) => el('button', {

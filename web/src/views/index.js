@@ -13,9 +13,10 @@ import { createAlert } from './alert.js';
 export function createViews(root, ctx) {
   const lay = ctx.layout;
   // The core's flags and its idle read-out, as last told.
-  const state = { tuner: {}, chords: {}, hearing: true, inTune: false, chordsOpen: false, idleReadout: '' };
+  const flags = ['hearing', 'inTune', 'chordsOpen', 'idleReadout', 'panel', 'lampOutlet'];
+  const state = { tuner: {}, chords: {}, hearing: true, inTune: false, chordsOpen: false, idleReadout: '', panel: '', lampOutlet: '' };
   const outletWatchers = { tuner: new Map(), chords: new Map() };
-  const flagWatchers = { hearing: [], inTune: [], chordsOpen: [], idleReadout: [] };
+  const flagWatchers = Object.fromEntries(flags.map((flag) => [flag, []]));
 
   const v = {
     ctx, lay, state,
@@ -44,19 +45,12 @@ export function createViews(root, ctx) {
   const about = createAbout(v);
   const fork = createTuningFork(v);
   const sheets = [fork, settings, about];
-  const tuner = createTuner(v, {
-    openSettings: () => settings.open(),
-    openAbout: () => about.open(),
-    openTuningFork: () => {
-      fork.open();
-      ctx.tuner('disableTemporarilySoundConfirmation');
-    },
-  });
+  const tuner = createTuner(v);
   const chords = createChords(v);
   const alert = createAlert(v);
   stage.append(tuner.el, settings.el, about.el, fork.el, chords.el, alert.el);
 
-  const panelOpen = () => sheets.some((s) => s.isOpen);
+  const panelOpen = () => state.panel !== '';
   // Only the screen in front takes taps, keys and focus.
   v.update = () => {
     const panel = panelOpen();
@@ -101,13 +95,11 @@ export function createViews(root, ctx) {
     };
     let handled = true;
     switch (e.key) {
-    case 'Escape': {
-      const open = sheets.find((s) => s.isOpen);
-      if (open) open.close();
+    case 'Escape':
+      if (panelOpen()) ctx.tuner('closePanel');
       else if (state.chordsOpen) ctx.chord('closeChords');
       else handled = false;
       break;
-    }
     case 'ArrowLeft':
       if (state.chordsOpen) chords.pickWheel(0);
       else handled = arrow('showPreviousTuningButton', 'showPreviousTuning');
@@ -123,8 +115,8 @@ export function createViews(root, ctx) {
       break;
     case '1': case '2': case '3': case '4':
       // The strings' tones in the tuning fork, their recordings on the tuner.
-      if (state.chordsOpen || settings.isOpen || about.isOpen) handled = false;
-      else if (fork.isOpen) fork.playString(Number(e.key));
+      if (state.chordsOpen || (panelOpen() && state.panel !== 'tuningFork')) handled = false;
+      else if (panelOpen()) fork.playString(Number(e.key));
       else tuner.playString(Number(e.key));
       break;
     default:
@@ -153,7 +145,7 @@ export function createViews(root, ctx) {
         if (list) for (const fn of list) fn(value);
       }
     }
-    for (const flag of ['hearing', 'inTune', 'chordsOpen', 'idleReadout']) {
+    for (const flag of flags) {
       if (flag in changes) setFlag(flag, changes[flag]);
     }
   }

@@ -9,7 +9,7 @@ export function createSettings(v) {
   const { ctx, lay, u } = v;
   const tr = (s) => ctx.tr('SettingsSheet', s);
   const o = (name) => v.state.tuner[name] || {};
-  const sheet = createSheet(v, { title: tr('Settings'), name: 'settingsSheet' });
+  const sheet = createSheet(v, { title: tr('Settings'), name: 'settingsSheet', panel: 'settings' });
   const font = lay.labelFont || 16, small = lay.smallFont || 12;
   const rowHeight = Math.max(44 * u, font * 2.75);
   const inset = 14 * u;

@@ -3,7 +3,7 @@ import { el } from './dom.js';
 // A panel over the tuner screen: it slides up from the bottom on a phone and sits
 // centred on a pad. Closing it leaves the tuner as it was; content taller than
 // the screen scrolls inside the card.
-export function createSheet(v, { title, name, onClose }) {
+export function createSheet(v, { title, name, panel }) {
   const { lay, W, H, u } = v;
   const topRoom = lay.topInset || 20;
   const bottomRoom = v.pad ? topRoom : 0;
@@ -13,7 +13,7 @@ export function createSheet(v, { title, name, onClose }) {
 
   const done = el('button', {
     type: 'button', class: 'sheet-done', 'data-name': 'sheetDone', text: v.ctx.tr('Sheet', 'Done'),
-    style: { right: 16 * u, fontSize: 16 * u }, onclick: () => sheet.close(),
+    style: { right: 16 * u, fontSize: 16 * u }, onclick: () => v.ctx.tuner('closePanel'),
   });
   const header = el('div', { class: 'sheet-header', style: { height: 52 * u } },
     v.pad ? null : el('div', { class: 'grabber', style: { top: 6 * u, width: 36 * u, height: 5 * u, marginLeft: -18 * u } }),
@@ -29,10 +29,11 @@ export function createSheet(v, { title, name, onClose }) {
     style: { width, maxHeight: H - topRoom - bottomRoom, borderRadius: 18 * u },
   }, header, scroller);
   // Tapping beside the card closes it, as Done and Escape do.
-  const backdrop = el('div', { class: 'backdrop', onclick: () => sheet.close() });
+  const backdrop = el('div', { class: 'backdrop', onclick: () => v.ctx.tuner('closePanel') });
   sheet.el = el('div', { class: `sheet ${v.pad ? 'pad' : 'phone'}`, 'data-name': name, style: { '--stage-height': H } }, backdrop, card);
 
-  sheet.open = () => {
+  // The app says which panel is open; the sheet only slides.
+  const show = () => {
     if (sheet.isOpen) return;
     sheet.isOpen = true;
     opener = document.activeElement;
@@ -41,13 +42,13 @@ export function createSheet(v, { title, name, onClose }) {
     v.update();
     done.focus({ preventScroll: true });
   };
-  sheet.close = () => {
+  const hide = () => {
     if (!sheet.isOpen) return;
     sheet.isOpen = false;
     sheet.el.classList.remove('open');
     v.update();
-    onClose?.();
     if (opener?.isConnected && sheet.el.contains(document.activeElement)) opener.focus({ preventScroll: true });
   };
+  v.watchFlag('panel', (open) => (open === panel ? show() : hide()));
   return sheet;
 }

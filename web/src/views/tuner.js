@@ -3,7 +3,7 @@ import { el, fill, iconButton, outletImage, outletText, setStyle } from './dom.j
 // The tuner screen: title row, read-out, the instrument's head with its rings and
 // string names, the frequency chart and the toolbar, placed by the layout of the
 // device class as the desktop's screen places them.
-export function createTuner(v, { openSettings, openAbout, openTuningFork }) {
+export function createTuner(v) {
   const { ctx, lay, W, H, u } = v;
   const tr = (source, ...args) => fill(ctx.tr('TunerScreen', source), ...args);
   const o = (name) => v.state.tuner[name] || {};
@@ -63,8 +63,10 @@ export function createTuner(v, { openSettings, openAbout, openTuningFork }) {
   const lamps = ['LEDDisplay', 'LEDDisplay128'].map((name) => {
     const img = outletImage(v, 'tuner', name, { class: 'lamp' });
     setStyle(img, { right: lay.margin * 2, top: readoutY + (rh - led) / 2, width: led, height: led });
-    if ((name === 'LEDDisplay128') !== !!lay.pad) img.classList.add('other-device');
     return img;
+  });
+  v.watchFlag('lampOutlet', (shown) => {
+    for (const img of lamps) img.classList.toggle('other-device', img.dataset.outlet !== shown);
   });
   v.watchFlag('inTune', (on) => { for (const img of lamps) img.alt = tr(on ? 'In tune' : 'Not in tune'); });
   screen.append(
@@ -135,16 +137,16 @@ export function createTuner(v, { openSettings, openAbout, openTuningFork }) {
     label, icon: icon && ctx.art(icon), size: tb, onclick, ...props,
     style: { left: gap + i * (tb + gap), top: H - lay.bottomInset - tb },
   });
-  const fork = tool(1, tr('Tuning fork'), 'tuning_fork.png', openTuningFork, { 'data-outlet': 'tuningForkButton' });
+  const fork = tool(1, tr('Tuning fork'), 'tuning_fork.png', () => ctx.tuner('openTuningFork'), { 'data-outlet': 'tuningForkButton' });
   v.watch('tuner', 'tuningForkButton', (out) => { fork.disabled = !!out.hidden; });
   const chords = tool(2, tr('Chord library'), '', () => ctx.tuner('openChords'), { 'data-outlet': 'goToChordsLibraryButton' });
   v.watch('tuner', 'goToChordsLibraryButton', (out) => {
     chords.setIcon(out.image ? ctx.art(out.image) : '');
   });
   screen.append(
-    tool(0, tr('Settings'), 'settings.png', openSettings, { 'data-name': 'settingsButton' }),
+    tool(0, tr('Settings'), 'settings.png', () => ctx.tuner('openSettings'), { 'data-name': 'settingsButton' }),
     fork, chords,
-    tool(3, tr('About'), 'about.png', openAbout, { 'data-name': 'aboutButton' }),
+    tool(3, tr('About'), 'about.png', () => ctx.tuner('openAbout'), { 'data-name': 'aboutButton' }),
   );
 
   renderNote();

@@ -7,10 +7,7 @@ export function createTuningFork(v) {
   const { ctx, lay, u } = v;
   const tr = (s, ...args) => fill(ctx.tr('TuningForkSheet', s), ...args);
   const o = (name) => v.state.tuner[name] || {};
-  const sheet = createSheet(v, {
-    title: tr('Tuning Fork'), name: 'tuningForkSheet',
-    onClose: () => ctx.tuner('enableSoundConfirmation'),
-  });
+  const sheet = createSheet(v, { title: tr('Tuning Fork'), name: 'tuningForkSheet', panel: 'tuningFork' });
   const spacing = lay.margin * 0.75;
 
   // What is sounding: the note and its exact frequency.
