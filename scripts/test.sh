@@ -22,7 +22,7 @@ BUILD_DIR=build-demo scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEM
 # The frozen picture needs no audio: the device tests stay with the normal build.
 (cd build-demo && ctest --output-on-failure --timeout 300 -j2 -LE "e2e")
 # The whole suite again, end-to-end tests included, under the address and
-# undefined-behaviour sanitizers (tests/SanitizerOptions.cpp says what they leave out).
+# undefined-behaviour sanitizers (cmake/SanitizerOptions.cpp says what they leave out).
 BUILD_DIR=build-asan scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF -DUKE_SANITIZE=ON \
   -DUKE_BUILD_BENCH=OFF
 (cd build-asan && ctest --output-on-failure --timeout 600 -j2)
