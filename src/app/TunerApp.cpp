@@ -52,6 +52,8 @@ void TunerApp::stepToTuning(long n) {
         tuner_->showNextTuning();
 }
 
+void TunerApp::startWithSensitivity(float slider) { tuner_->micSensitivity(slider); }
+
 void TunerApp::selectLanguage(long row) {
     tuner_->didSelectRow(row);
     tuner_->overrideDefaultLanguage();

@@ -49,6 +49,8 @@ public:
     // Tuning `n` chosen at start, as a player reaches it: by the arrow, one step at
     // a time, so each step's redraw and log line happen as they would by hand.
     void stepToTuning(long n);
+    // The sensitivity chosen at start (`--sensitivity`), as the slider sets it.
+    void startWithSensitivity(float slider);
 
     // The naming picker: the choice is stored, then applied to the string names.
     void selectLanguage(long row);

@@ -30,7 +30,7 @@ class AppHost : public QObject {
     // The screens' outlets, one map entry per outlet name.
     Q_PROPERTY(QObject* tunerOutlets READ tunerOutlets CONSTANT)
     Q_PROPERTY(QObject* chordOutlets READ chordOutlets CONSTANT)
-    // The screens' actions, by the app's names: App.tuner.act("showNextTuning").
+    // The screens' actions, by the app's names: App.tuner.act(name, value).
     Q_PROPERTY(uke::ScreenActions* tuner READ tuner CONSTANT)
     Q_PROPERTY(uke::ScreenActions* chords READ chords CONSTANT)
     Q_PROPERTY(uke::QmlAlertPresenter* alert READ alert CONSTANT)

@@ -23,7 +23,7 @@ void TunerSession::start() {
     app_.start();
     app_.stepToTuning(options_.tuning);
     if (options_.sensitivity)
-        app_.tuner().micSensitivity(static_cast<float>(*options_.sensitivity));
+        app_.startWithSensitivity(static_cast<float>(*options_.sensitivity));
 }
 
 std::string TunerSession::line(double seconds, bool beeped) const {
