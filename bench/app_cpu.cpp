@@ -273,7 +273,7 @@ int main(int argc, char** argv) {
     std::thread player([&] {
         const auto pluck = uke::test::syntheticPluck(440.0, PulseServer::kRate, 2 * PulseServer::kRate);
         while (playing) {
-            pulse.writeToMicrophone(pluck, PulseServer::kRate);
+            pulse.writeToMicrophone(pluck);
             pulse.waitMicrophoneDrained(std::chrono::seconds(5));
         }
     });

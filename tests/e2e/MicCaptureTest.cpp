@@ -17,8 +17,8 @@
 #include "audio/MicListener.h"
 #include "platform/qt/QtAudioCapture.h"
 #include "platform/virtual/Fakes.h"
-#include "support/PulseServer.h"
-#include "support/QtApp.h"
+#include "support/PulseServerTest.h"
+#include "support/RunningApp.h"
 #include "support/SyntheticPluck.h"
 
 namespace uke {
@@ -56,14 +56,9 @@ private:
     std::unique_ptr<AudioCapture> inner_;
 };
 
+// Runs the event loop until `done` holds or the time is up.
 bool waitFor(const std::function<bool()>& done, std::chrono::seconds limit) {
-    const auto deadline = std::chrono::steady_clock::now() + limit;
-    while (!done())
-        if (std::chrono::steady_clock::now() > deadline)
-            return false;
-        else
-            std::this_thread::sleep_for(10ms);
-    return true;
+    return test::settleUntil(done, static_cast<int>(std::chrono::milliseconds(limit).count()));
 }
 
 class MicCapture : public test::PulseServerTest, public ::testing::WithParamInterface<int> {};
@@ -88,7 +83,7 @@ TEST_P(MicCapture, PluckIsEstimatedAtItsPitchAndPauseAndStopEndTheBlocks) {
 
     // Bin 915 exactly, so that any block of the decaying tone peaks there.
     const double hertz = 915 * 14039.0 / 32768.0;
-    pulse().writeToMicrophone(test::syntheticPluck(hertz, 44100.0, 44100 * 2), 44100);
+    pulse().writeToMicrophone(test::syntheticPluck(hertz, test::PulseServer::kRate, 2 * test::PulseServer::kRate));
     float estimate = 0.0f, level = 0.0f;
     EXPECT_TRUE(waitFor(
         [&] {

@@ -9,9 +9,11 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <iterator>
+#include <thread>
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -26,9 +28,7 @@ using Clock = std::chrono::steady_clock;
 
 std::string readFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
+    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 // Waits up to `limit` for the child to end; its wait status, or -1 if it still runs.
@@ -58,7 +58,7 @@ void killAndReap(pid_t pid, int signal) {
 PulseServer::~PulseServer() { stop(); }
 
 bool PulseServer::toolsAvailable() {
-    return std::system("{ command -v pulseaudio && command -v pactl && command -v parec; } >/dev/null 2>&1") == 0;
+    return std::system("for p in pulseaudio pactl pacat parec; do command -v $p || exit 1; done >/dev/null") == 0;
 }
 
 bool PulseServer::failWith(const std::string& message) {
@@ -91,7 +91,7 @@ std::vector<std::string> PulseServer::childEnvironment() const {
     return env;
 }
 
-pid_t PulseServer::spawn(const std::vector<std::string>& argv, const std::string& outputFile) const {
+pid_t PulseServer::spawn(const std::vector<std::string>& argv, const std::string& outputFile, int input) const {
     // Everything the child needs is prepared before fork: between fork and exec
     // only async-signal-safe calls are allowed.
     const std::vector<std::string> env = childEnvironment();
@@ -111,7 +111,7 @@ pid_t PulseServer::spawn(const std::vector<std::string>& argv, const std::string
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
         if (::getppid() != parent)
             ::_exit(127);
-        ::dup2(devnull, STDIN_FILENO);
+        ::dup2(input >= 0 ? input : devnull, STDIN_FILENO);
         ::dup2(out, STDOUT_FILENO);
         ::dup2(out, STDERR_FILENO);
         if (::chdir(folder_.c_str()) != 0)
@@ -146,7 +146,7 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
         return true;
     error_.clear();
     if (!toolsAvailable())
-        return failWith("pulseaudio, pactl or parec is not installed");
+        return failWith("pulseaudio, pactl, pacat or parec is not installed");
 
     char pattern[] = "/tmp/uke-pulse-XXXXXX";
     if (!::mkdtemp(pattern))
@@ -157,18 +157,17 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
     for (const char* sub : {"/home", "/home/.config", "/run", "/state"})
         ::mkdir((folder_ + sub).c_str(), 0700);
     address_ = "unix:" + folder_ + "/native";
-    fifoPath_ = folder_ + "/microphone.fifo";
 
     // No default script (-n): only these modules, so nothing probes real hardware,
-    // D-Bus or the network. ".fail" makes a module that will not load fatal.
+    // D-Bus or the network. ".fail" makes a module that will not load fatal. The
+    // microphone is the monitor of a sink the tests play into, remapped to a source
+    // of its own (loadMicrophone) so that it is an input, not a monitor.
     std::ofstream config(folder_ + "/server.pa");
-    config << ".fail\n"
-           << "load-module module-native-protocol-unix socket=" << folder_ << "/native auth-anonymous=1\n"
-           << "load-module module-null-sink sink_name=" << kSpeaker << " format=s16le channels=1 rate=" << kRate << "\n"
-           << "load-module module-pipe-source source_name=" << kMicrophone << " file=" << fifoPath_
-           << " format=s16le channels=1 rate=" << kRate << "\n"
-           << "set-default-sink " << kSpeaker << "\n"
-           << "set-default-source " << kMicrophone << "\n";
+    config << ".fail\nload-module module-native-protocol-unix socket=" << folder_ << "/native auth-anonymous=1\n";
+    for (const char* sink : {kSpeaker, kMicrophoneFeed})
+        config << "load-module module-null-sink sink_name=" << sink << " format=s16le channels=1 rate=" << kRate
+               << "\n";
+    config << "set-default-sink " << kSpeaker << "\n";
     config.close();
 
     serverPid_ = spawn({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--disallow-exit",
@@ -184,109 +183,75 @@ bool PulseServer::start(std::chrono::milliseconds timeout) {
             serverPid_ = -1;
             return failWith("pulseaudio exited during start-up");
         }
-        std::string sources;
-        if (pactl({"list", "short", "sources"}, &sources) == 0 && sources.find(kMicrophone) != std::string::npos)
+        std::string sinks;
+        if (pactl({"list", "short", "sinks"}, &sinks) == 0 && sinks.find(kMicrophoneFeed) != std::string::npos)
             break;
         if (Clock::now() > deadline)
             return failWith("pulseaudio did not answer within the time limit");
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
 
-    if (!openMicrophonePipe())
-        return failWith("cannot open the microphone pipe: " + std::string(std::strerror(errno)));
-    // A server that dies under a write must fail the test, not kill the program.
+    if (!loadMicrophone())
+        return failWith("cannot load the microphone");
+    // pacat plays the pipe into the microphone in real time, and silence while it is
+    // empty. A pipe of 1 MB holds about twelve seconds: writes do not wait.
+    int fds[2];
+    if (::pipe2(fds, O_CLOEXEC) != 0)
+        return failWith("cannot make the microphone's pipe: " + std::string(std::strerror(errno)));
+    ::fcntl(fds[1], F_SETPIPE_SZ, 1 << 20);
+    feed_ = fds[1];
+    feederPid_ =
+        spawn({"pacat", "--playback", "--raw", "--format=s16le", "--channels=1", "--rate=" + std::to_string(kRate),
+               "--latency-msec=20", std::string("--device=") + kMicrophoneFeed},
+              folder_ + "/pacat.log", fds[0]);
+    ::close(fds[0]);
+    if (feederPid_ < 0)
+        return failWith("cannot start pacat");
+    // A feeder that dies under a write must fail the test, not kill the program.
     std::signal(SIGPIPE, SIG_IGN);
-
     ::setenv("PULSE_SERVER", address_.c_str(), 1);
-
-    stopping_ = false;
-    writer_ = std::thread([this] { writerLoop(); });
     return true;
 }
 
-bool PulseServer::openMicrophonePipe() {
-    // The server holds the FIFO open for reading, so this open does not block.
-    const int fd = ::open(fifoPath_.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
-    if (fd < 0)
-        return false;
-    // The pipe source stops reading while nothing records, and a real microphone
-    // does not store sound for later: the writer never blocks, a full pipe drops
-    // the slice, and a small pipe keeps what is replayed to the next recording
-    // short (about 0.2 s at 44100 Hz).
-    ::fcntl(fd, F_SETPIPE_SZ, 16384);
-    std::lock_guard lock(mutex_);
-    fifo_ = fd;
-    return true;
+bool PulseServer::loadMicrophone() {
+    return pactl({"load-module", "module-remap-source", std::string("source_name=") + kMicrophone,
+                  std::string("master=") + kMicrophoneFeed + ".monitor", "channels=1"}) == 0 &&
+           pactl({"set-default-source", kMicrophone}) == 0;
 }
 
 bool PulseServer::unplugMicrophone() {
     std::string modules;
     if (pactl({"list", "short", "modules"}, &modules) != 0)
         return false;
-    std::istringstream lines(modules);
-    std::string line, index;
-    while (std::getline(lines, line))
-        if (line.find("module-pipe-source") != std::string::npos)
-            index = line.substr(0, line.find('\t'));
-    if (index.empty() || pactl({"unload-module", index}) != 0)
-        return false;
-    std::lock_guard lock(mutex_);
-    ::close(fifo_);
-    fifo_ = -1;
-    return true;
+    // "INDEX\tmodule-remap-source\t...": the one line of the microphone's module.
+    const size_t at = modules.find("\tmodule-remap-source");
+    const size_t line = at == std::string::npos ? at : modules.rfind('\n', at) + 1; // npos + 1 is 0
+    return at != std::string::npos && pactl({"unload-module", modules.substr(line, at - line)}) == 0;
 }
 
-bool PulseServer::plugMicrophone() {
-    return pactl({"load-module", "module-pipe-source", std::string("source_name=") + kMicrophone, "file=" + fifoPath_,
-                  "format=s16le", "channels=1", "rate=" + std::to_string(kRate)}) == 0 &&
-           pactl({"set-default-source", kMicrophone}) == 0 && openMicrophonePipe();
-}
+bool PulseServer::plugMicrophone() { return loadMicrophone(); }
 
-void PulseServer::writerLoop() {
-    // Real time in 10 ms slices, like a sound card: the pipe source itself would
-    // take a whole recording at once.
-    const size_t slice = static_cast<size_t>(kRate / 100);
-    std::vector<int16_t> chunk;
-    auto next = Clock::now();
-    for (;;) {
-        {
-            std::unique_lock lock(mutex_);
-            if (stopping_)
-                return;
-            const size_t n = std::min(slice, pending_.size());
-            chunk.assign(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(n));
-            pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(n));
-            chunk.resize(slice, 0);
-            if (pending_.empty())
-                changed_.notify_all();
-            // A slice is smaller than PIPE_BUF, so it goes in whole or not at all.
-            // Written under the lock, so that an unplugged microphone's pipe is not
-            // closed under the write; a pipe with no server behind it takes nothing.
-            if (fifo_ >= 0) {
-                ssize_t w = 0;
-                do {
-                    w = ::write(fifo_, chunk.data(), chunk.size() * sizeof(int16_t));
-                } while (w < 0 && errno == EINTR);
-            }
-        }
-        next += std::chrono::milliseconds(10);
-        const auto now = Clock::now();
-        if (next < now - std::chrono::milliseconds(200))
-            next = now; // fell far behind (a stopped debugger): do not burst to catch up
-        std::this_thread::sleep_until(next);
+void PulseServer::writeToMicrophone(const std::vector<int16_t>& samples) {
+    const auto* bytes = reinterpret_cast<const char*>(samples.data());
+    for (size_t left = samples.size() * sizeof(int16_t); feed_ >= 0 && left > 0;) {
+        const ssize_t w = ::write(feed_, bytes, left);
+        if (w < 0 && errno != EINTR)
+            return; // the feeder has gone: the test sees a silent microphone
+        bytes += std::max<ssize_t>(w, 0);
+        left -= static_cast<size_t>(std::max<ssize_t>(w, 0));
     }
 }
 
-void PulseServer::writeToMicrophone(const std::vector<int16_t>& samples, int rate) {
-    EXPECT_EQ(rate, kRate) << "the microphone takes samples at its own rate only";
-    std::lock_guard lock(mutex_);
-    pending_.insert(pending_.end(), samples.begin(), samples.end());
-    changed_.notify_all();
-}
-
 bool PulseServer::waitMicrophoneDrained(std::chrono::milliseconds timeout) {
-    std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, timeout, [this] { return pending_.empty() || stopping_; });
+    const auto deadline = Clock::now() + timeout;
+    for (int queued = 1; feed_ >= 0 && ::ioctl(feed_, FIONREAD, &queued) == 0 && queued > 0;) {
+        if (Clock::now() > deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    // What pacat has read is played within its latency.
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    return true;
 }
 
 bool PulseServer::startRecordingSpeaker(int rate, std::chrono::milliseconds timeout) {
@@ -299,9 +264,8 @@ bool PulseServer::startRecordingSpeaker(int rate, std::chrono::milliseconds time
                          recordingPath_);
     if (recorderPid_ < 0)
         return false;
-    // Both sources stream all the time (the null sink never suspends, the
-    // microphone gets silence between writes), so a connected stream starts
-    // writing at once.
+    // Nothing suspends the null sinks (no module does so), so a connected stream
+    // starts writing at once.
     const auto deadline = Clock::now() + timeout;
     std::error_code ec;
     while (std::filesystem::file_size(recordingPath_, ec) == 0 || ec) {
@@ -329,21 +293,14 @@ std::string PulseServer::serverLog() const { return folder_.empty() ? "" : readF
 
 void PulseServer::stop() {
     stopRecording();
-    {
-        std::lock_guard lock(mutex_);
-        stopping_ = true;
-        changed_.notify_all();
-    }
-    if (serverPid_ > 0) {
-        // Killing the server first unblocks a writer stuck on a full pipe.
-        killAndReap(serverPid_, SIGTERM);
-        serverPid_ = -1;
-    }
-    if (writer_.joinable())
-        writer_.join();
-    if (fifo_ >= 0) {
-        ::close(fifo_);
-        fifo_ = -1;
+    for (pid_t* child : {&feederPid_, &serverPid_})
+        if (*child > 0) {
+            killAndReap(*child, SIGTERM);
+            *child = -1;
+        }
+    if (feed_ >= 0) {
+        ::close(feed_);
+        feed_ = -1;
     }
     if (!folder_.empty()) {
         if (savedPulseServer_)
@@ -354,19 +311,6 @@ void PulseServer::stop() {
         std::error_code ec;
         std::filesystem::remove_all(folder_, ec);
         folder_.clear();
-    }
-}
-
-PulseServer& PulseServerTest::pulse() {
-    static PulseServer server;
-    return server;
-}
-
-void PulseServerTest::SetUp() {
-    if (!PulseServer::toolsAvailable())
-        GTEST_SKIP() << "PulseAudio is not installed (pulseaudio, pactl and parec are needed)";
-    if (!pulse().running()) {
-        ASSERT_TRUE(pulse().start()) << "cannot start a private PulseAudio server: " << pulse().error();
     }
 }
 

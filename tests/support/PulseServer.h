@@ -1,26 +1,22 @@
 #pragma once
 // A private PulseAudio server for tests that exercise real audio paths.
 //
-// The server runs in its own temporary folder with one virtual microphone (a pipe
-// source fed by writeToMicrophone, the default source) and one virtual speaker (a
-// null sink, the default sink, whose monitor can be recorded). While it runs,
+// The server runs in its own temporary folder with one virtual microphone (the
+// default source, fed by writeToMicrophone) and one virtual speaker (a null sink,
+// the default sink, whose monitor can be recorded). While it runs,
 // PULSE_SERVER in this process points at it, so any PulseAudio client started
 // afterwards (Qt Multimedia included) talks to it and to nothing else.
 //
 // Qt Multimedia connects to PulseAudio once per process, so a test program should
-// keep one server for all its tests: derive the test suite from PulseServerTest.
+// keep one server for all its tests: derive the test suite from PulseServerTest
+// (PulseServerTest.h). The server itself needs no test framework: the whole-app
+// benchmark runs on it too.
 #include <chrono>
-#include <condition_variable>
 #include <cstdint>
-#include <deque>
-#include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
-#include <gtest/gtest.h>
 #include <sys/types.h>
 
 namespace uke::test {
@@ -32,6 +28,7 @@ public:
     static constexpr int kRate = 44100;
 
     static constexpr const char* kMicrophone = "uke_microphone";
+    static constexpr const char* kMicrophoneFeed = "uke_microphone_feed";
     static constexpr const char* kSpeaker = "uke_speaker";
     static constexpr const char* kSpeakerMonitor = "uke_speaker.monitor";
 
@@ -40,7 +37,7 @@ public:
     PulseServer(const PulseServer&) = delete;
     PulseServer& operator=(const PulseServer&) = delete;
 
-    // Whether the pulseaudio, pactl and parec programs are installed.
+    // Whether the pulseaudio, pactl, pacat and parec programs are installed.
     static bool toolsAvailable();
 
     // Starts the server and waits until it answers. False, with error(), on failure.
@@ -52,16 +49,16 @@ public:
     // The server's own log, for failure messages.
     std::string serverLog() const;
 
-    // Queues samples (at kRate) for the microphone and returns at once; a writer
-    // thread feeds them to the pipe in real time. As with
-    // a real microphone, what is played while nothing records is lost.
-    void writeToMicrophone(const std::vector<int16_t>& samples, int rate);
-    // Waits until everything queued has gone into the pipe.
+    // Queues samples (at kRate, up to a few seconds) for the microphone and returns
+    // at once; the server plays them in real time. As with a real microphone, what
+    // is played while nothing records is lost.
+    void writeToMicrophone(const std::vector<int16_t>& samples);
+    // Waits until everything queued has been played.
     bool waitMicrophoneDrained(std::chrono::milliseconds timeout);
 
     // Takes the microphone away (its source module unloaded, as when a headset is
-    // pulled out) and brings it back as the default source. Samples written while
-    // it is away are lost.
+    // pulled out) and brings it back as the default source. What is played while it
+    // is away is lost.
     bool unplugMicrophone();
     bool plugMicrophone();
 
@@ -76,38 +73,20 @@ public:
 
 private:
     std::vector<std::string> childEnvironment() const;
-    pid_t spawn(const std::vector<std::string>& argv, const std::string& outputFile) const;
+    pid_t spawn(const std::vector<std::string>& argv, const std::string& outputFile, int input = -1) const;
     bool failWith(const std::string& message);
-    void writerLoop();
-    bool openMicrophonePipe();
+    bool loadMicrophone();
 
     std::string folder_;
     std::string address_;
     std::string error_;
-    std::string fifoPath_;
     std::optional<std::string> savedPulseServer_; // PULSE_SERVER before start()
     pid_t serverPid_ = -1;
-
-    int fifo_ = -1;
-    std::thread writer_;
-    mutable std::mutex mutex_;
-    std::condition_variable changed_;
-    std::deque<int16_t> pending_;
-    bool stopping_ = false;
+    pid_t feederPid_ = -1; // pacat, playing what the feed pipe holds into the microphone
+    int feed_ = -1;        // the pipe's end this process writes
 
     pid_t recorderPid_ = -1;
     std::string recordingPath_;
-};
-
-// Base for test suites that need the server: one server for the whole program,
-// started before the first such test and stopped when the program ends. A test is
-// skipped when PulseAudio is not installed and fails when the server will not start.
-class PulseServerTest : public ::testing::Test {
-public:
-    static PulseServer& pulse();
-
-protected:
-    void SetUp() override;
 };
 
 } // namespace uke::test
