@@ -1,14 +1,12 @@
-// The six note-naming systems over the tuner screen, run once per built-in
-// language so that no translation can break the screen's note texts.
+// The six note-naming systems over the tuner screen. Row 0 fills the language's
+// note formats, which every language has whole (the string table tests).
 #include <gtest/gtest.h>
 
 #include <array>
-#include <map>
 #include <sstream>
 #include <string>
 
 #include "base/SettingsKeys.h"
-#include "platform/virtual/TsStringTable.h"
 #include "support/TunerFixture.h"
 
 namespace uke {
@@ -52,8 +50,6 @@ struct NamedRow {
 };
 
 const NamedRow kNamedRows[] = {
-    {0, 1, "", nullptr, "", false}, // row 0: the device language's notes, below
-    {0, 2, "", nullptr, "", false},
     {1, 1, "A4 E4 C4 G4", nullptr, "Hz", true},
     {2, 1, "La4 Mi4 Do4 Sol4", nullptr, "Hz", false},
     {3, 1, "La4 Mi4 Do4 Sol4", nullptr, "Hz", false},
@@ -67,20 +63,6 @@ const NamedRow kNamedRows[] = {
     {4, 2, "E4 H3 G3 D3", nullptr, "Hz", true},
     {5, 2, "Ми Си Соль Ре", "Ми4 Си3 Соль3 Ре3", "Hz", false},
 };
-
-// Row 0's note labels per language: the table's formats with octave 4 everywhere;
-// it leaves the chart and the buttons as they were. Every built-in language is here.
-const std::map<std::string, std::array<Four, 2>>& deviceLanguageNotes() {
-    static const std::map<std::string, std::array<Four, 2>> notes = {
-        {"en", {{{"A4", "E4", "C4", "G4"}, {"E4", "B4", "G4", "D4"}}}},
-        {"es", {{{"La4", "Mi4", "Do4", "Sol4"}, {"Mi4", "Si4", "Sol4", "Re4"}}}},
-        {"fr", {{{"La4", "Mi4", "Do4", "Sol4"}, {"Mi4", "Si4", "Sol4", "Ré4"}}}},
-        {"de", {{{"A4", "E4", "C4", "G4"}, {"E4", "H4", "G4", "D4"}}}},
-        {"it", {{{"La4", "Mi4", "Do4", "Sol4"}, {"Mi4", "Si4", "Sol4", "Re4"}}}},
-        {"ru", {{{"Ля4", "Ми4", "До4", "Соль4"}, {"Ми4", "Си4", "Соль4", "Ре4"}}}},
-    };
-    return notes;
-}
 
 class NamingOverride : public test::TunerFixture {
 protected:
@@ -96,60 +78,33 @@ protected:
     }
 };
 
-class Naming : public NamingOverride, public ::testing::WithParamInterface<std::string> {
-protected:
-    void SetUp() override {
-        const TsStringTable* table = builtInStrings(GetParam());
-        ASSERT_NE(table, nullptr);
-        platform.strings.entries = table->tables();
-        launch();
-    }
-    // A fresh install, launched: nothing chosen in an earlier round lingers.
-    void freshLaunch() {
-        platform.memoryStore.wipeDomain();
-        rebuild();
-        launch();
-    }
-    void choose(long row) { app->selectLanguage(row); }
-};
-
-TEST_P(Naming, EveryRowWritesItsTextsAndOnlySomeHonourTheChartSwitch) {
-    const auto known = deviceLanguageNotes().find(GetParam());
-    ASSERT_NE(known, deviceLanguageNotes().end()) << "no expected note names for " << GetParam();
-    ASSERT_EQ(builtInLanguages().size(), deviceLanguageNotes().size());
+TEST_F(NamingOverride, EveryRowWritesItsTextsAndOnlySomeHonourTheChartSwitch) {
     for (const bool chartOn : {true, false})
         for (const NamedRow& r : kNamedRows) {
             SCOPED_TRACE("row " + std::to_string(r.row) + ", tuning " + std::to_string(r.tuning) +
                          (chartOn ? ", chart on" : ", chart off"));
-            freshLaunch();
+            platform.memoryStore.wipeDomain(); // a fresh install: nothing of the last round lingers
+            rebuild();
+            launch();
             goTo(r.tuning);
             if (!chartOn)
                 controller->toggleFreqChart(false);
             const Texts before = texts();
-            choose(r.row);
-            Texts expected =
-                r.row ? r.texts()
-                      : Texts{known->second[static_cast<size_t>(r.tuning - 1)], before.chart, before.buttons};
+            app->selectLanguage(r.row);
+            Texts expected = r.texts();
             if (!chartOn && r.honoursChartSwitch)
                 expected.chart = before.chart;
             EXPECT_EQ(texts(), expected);
         }
 }
 
-TEST_P(Naming, PickerRowsAreTheSixLanguageNames) {
-    ASSERT_EQ(controller->numberOfRowsInComponent(), 6);
-    for (long i = 0; i < 6; ++i) {
-        EXPECT_EQ(controller->titleForRow(i), platform.strings.localized("Lang" + std::to_string(i))) << i;
-        EXPECT_EQ(screen.establecerIdioma.rows[static_cast<size_t>(i)], controller->titleForRow(i)) << i;
-    }
-    EXPECT_EQ(controller->titleForRow(6), "");
-}
-
-TEST_P(Naming, EveryChangeOfTuningReappliesTheChoiceWhereItCan) {
+// The picker's rows in every language are in the golden screen outputs.
+TEST_F(NamingOverride, EveryChangeOfTuningReappliesTheChoiceWhereItCan) {
     if (demoModeEnabled)
         GTEST_SKIP() << "the demonstration picture writes the note labels itself";
+    launch();
     goTo(2);
-    choose(2);
+    app->selectLanguage(2);
     EXPECT_EQ(screen.secondStringNoteAndFreq.text, "Si3 = 246.9Hz");
     // Stepping back writes letters, then the same naming over tuning 1.
     controller->showPreviousTuning();
@@ -160,10 +115,6 @@ TEST_P(Naming, EveryChangeOfTuningReappliesTheChoiceWhereItCan) {
     EXPECT_EQ(screen.secondStringNoteAndFreq.text, "F#4 = 370.0Hz");
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryLanguage, Naming, ::testing::ValuesIn(builtInLanguages()),
-                         [](const ::testing::TestParamInfo<std::string>& info) { return info.param; });
-
-// The cases that do not depend on the language.
 TEST_F(NamingOverride, OnlyTheRowBothChosenAndStoredIsAppliedAndOnlyAtTheOverride) {
     launch();
     controller->didSelectRow(3);
@@ -177,7 +128,7 @@ TEST_F(NamingOverride, OnlyTheRowBothChosenAndStoredIsAppliedAndOnlyAtTheOverrid
     launch();
     ASSERT_EQ(state.languageIndex, 1);
     controller->overrideDefaultLanguage();
-    EXPECT_EQ(texts(), kNamedRows[2].texts()) << "the letters of row 1";
+    EXPECT_EQ(texts(), kNamedRows[0].texts()) << "the letters of row 1";
     state.languageIndex = 2;
     controller->overrideDefaultLanguage();
     EXPECT_EQ(screen.firstString.text, "A4");
@@ -196,27 +147,29 @@ TEST_F(NamingOverride, TuningsOtherThanOneAndTwoAreLeftAlone) {
     }
 }
 
-TEST_F(NamingOverride, AMissingNoteKeyLeavesAnEmptyLabel) {
+// Row 0: the language's formats filled with octave 4 everywhere, also over tuning
+// 2's lower strings; a missing key leaves an empty label; the chart and the buttons
+// stay as they were.
+TEST_F(NamingOverride, TheDeviceLanguageRowFillsTheLanguagesNoteFormats) {
     platform.strings.set("ENoteM", "Mi%@");
     platform.strings.set("CNoteM", "%@ do");
     platform.strings.set("GNoteM", "G%@%%");
     launch();
-    controller->didSelectRow(0);
-    controller->overrideDefaultLanguage();
-    EXPECT_EQ(screen.firstString.text, "");
-    EXPECT_EQ(screen.secondString.text, "Mi4");
-    EXPECT_EQ(screen.thirdString.text, "4 do");
-    EXPECT_EQ(screen.fourthString.text, "G4%");
+    for (int64_t tuning : {1, 2}) {
+        goTo(tuning);
+        const Texts before = texts();
+        app->selectLanguage(0);
+        const Four notes = tuning == 1 ? Four{"", "Mi4", "4 do", "G4%"} : Four{"Mi4", "", "G4%", ""};
+        EXPECT_EQ(texts(), (Texts{notes, before.chart, before.buttons})) << tuning;
+    }
 }
 
+// A class's own scale, a pad of no table the pads' one, anything else the layout's.
 TEST_F(NamingOverride, PickerScaleFollowsTheDeviceClass) {
-    for (const auto& [idiom, height, scale] :
-         std::vector<std::tuple<Idiom, double, double>>{{Idiom::Pad, 1366, 0.9},
-                                                        {Idiom::Pad, 777, 0.9},
-                                                        {Idiom::Phone, 480, 0.75},
-                                                        {Idiom::Phone, 736, 0.75},
-                                                        {Idiom::Phone, 812, 1.0},
-                                                        {Idiom::Other, 667, 1.0}}) {
+    for (const auto& [idiom, height, scale] : {std::tuple{Idiom::Pad, 777.0, 0.9},
+                                               {Idiom::Phone, 480.0, 0.75},
+                                               {Idiom::Phone, 900.0, 1.0},
+                                               {Idiom::Other, 667.0, 1.0}}) {
         setDevice(idiom, height);
         rebuild();
         controller->loadPickerViewSettings();

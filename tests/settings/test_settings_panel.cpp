@@ -1,4 +1,5 @@
-// The settings and about panels of the tuner screen.
+// The settings and about panels of the tuner screen; their captions and texts, in
+// every language, are in the golden screen outputs.
 #include <gtest/gtest.h>
 
 #include "base/SettingsKeys.h"
@@ -38,20 +39,9 @@ TEST_F(SettingsPanel, SliderSnapsStoresAndSetsTheThresholds) {
     }
 }
 
-TEST_F(SettingsPanel, SliderBeyondTenIsStoredButMovesNoThreshold) {
-    launch();
-    controller->micSensitivity(0.0f);
-    controller->micSensitivity(11.0f);
-    EXPECT_EQ(state.micSensitivityValue, 11);
-    EXPECT_EQ(platform.memoryStore.integerForKey(keys::savedSliderValue), 11);
-    EXPECT_EQ(state.bottomLimit, 0.007);
-    EXPECT_EQ(state.topLimit, 0.0095);
-    // Compared unsigned, a step below zero is no step either.
-    controller->micSensitivity(-2.0f);
-    EXPECT_EQ(state.micSensitivityValue, -2);
-    EXPECT_EQ(state.bottomLimit, 0.007);
-}
-
+// Readings beyond the slider's 0 to 10 and calibrations beyond the stepper's 415 to 466
+// never reach the panel: the actions refuse them (the action tests, the golden
+// screen errors).
 TEST_F(SettingsPanel, StepperShowsAndStoresAtOnceButRetunesOnlyAtTheNextAppearance) {
     launch();
     controller->setFrequencyValue(442.9);
@@ -64,12 +54,6 @@ TEST_F(SettingsPanel, StepperShowsAndStoresAtOnceButRetunesOnlyAtTheNextAppearan
     EXPECT_EQ(state.targets[Pitch::A4].target, 440.0);
     controller->viewWillAppear();
     EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 442.0Hz");
-    // The stepper stays within its own range.
-    for (const auto& [asked, kept] : {std::pair{470.0, 466L}, {400.0, 415L}, {466.0, 466L}}) {
-        controller->setFrequencyValue(asked);
-        EXPECT_EQ(state.a4Calibration, kept) << asked;
-        EXPECT_EQ(screen.setFrequencyValueStepper.value, static_cast<double>(kept)) << asked;
-    }
 }
 
 TEST_F(SettingsPanel, ChartOffKeepsThePreviousTuningsChartAcrossAChange) {
@@ -90,21 +74,6 @@ TEST_F(SettingsPanel, ChartOffKeepsThePreviousTuningsChartAcrossAChange) {
     EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 440.0Hz");
     controller->showPreviousTuning();
     EXPECT_EQ(screen.fourthStringNoteAndFreq.text, "D3 = 146.8Hz");
-}
-
-TEST_F(SettingsPanel, CaptionsAndAboutTextsComeFromTheMainTable) {
-    platform.strings.set("MicSensitivityTitle", "Mic");
-    platform.strings.set("FrequencyChartTitle", "wrong table", "RatingPromptLocalizable");
-    launch();
-    EXPECT_EQ(screen.micSensitivityLabel.text, "Mic");
-    EXPECT_EQ(screen.frequencyChartLabel.text, "");
-    EXPECT_EQ(screen.aboutMsg2.text, "");
-    // A step forward does not refresh the captions; a step back does.
-    platform.strings.set("MicSensitivityTitle", "Microphone");
-    controller->showNextTuning();
-    EXPECT_EQ(screen.micSensitivityLabel.text, "Mic");
-    controller->showPreviousTuning();
-    EXPECT_EQ(screen.micSensitivityLabel.text, "Microphone");
 }
 
 } // namespace
