@@ -118,44 +118,7 @@ TEST_F(Network, FlagsAndTheFetchDecideAndUnreadableFlagsLogAndAnswerNo) {
 
 using Alert = RatingFixture;
 
-TEST_F(Alert, TextsAndButtonsBuiltInOrCustom) {
-    rating->forceShowPrompt(true);
-    EXPECT_EQ(platform.alerts.title, "Rate Ukulele Tuner");
-    EXPECT_EQ(platform.alerts.message,
-              "If you enjoy using Ukulele Tuner, would you mind taking a moment to rate it? It won't take more than a "
-              "minute. Thanks for your support!");
-    EXPECT_EQ(platform.alerts.buttons,
-              (std::vector<std::string>{"Rate Ukulele Tuner", "Remind me later", "No, Thanks"}));
-    rating->forceShowPrompt(false);
-    EXPECT_EQ(platform.alerts.buttons, (std::vector<std::string>{"Rate Ukulele Tuner", "No, Thanks"}));
-
-    // Texts come from the prompt's table, then the name chain.
-    platform.strings.set("Rate %@", "Valorar %@", RatingPrompt::kStringTable);
-    platform.strings.set("No, Thanks", "", RatingPrompt::kStringTable); // empty: the key stands in
-    platform.strings.set("CFBundleDisplayName", "Afinador", RatingPrompt::kStringTable);
-    platform.strings.set("Remind me later", "Elsewhere"); // another table: not used
-    EXPECT_EQ(rating->alertTitle(), "Valorar Afinador");
-    EXPECT_EQ(rating->alertRateTitle(), "Valorar Afinador");
-    EXPECT_EQ(rating->alertCancelTitle(), "No, Thanks");
-    EXPECT_EQ(rating->alertRateLaterTitle(), "Remind me later");
-
-    platform.strings.entries.clear();
-    rating->setBundle({UKE_VERSION, "", "Uke"});
-    EXPECT_EQ(rating->appName(), "Uke");
-    EXPECT_EQ(rating->alertTitle(), "Rate Uke");
-
-    // Custom texts are used as they are.
-    rating->setCustomAlertTitle("Enjoying %@?");
-    rating->setCustomAlertMessage("Tell us");
-    rating->setCustomAlertCancelButtonTitle("Never");
-    rating->setCustomAlertRateButtonTitle("Sure");
-    rating->setCustomAlertRateLaterButtonTitle("");
-    rating->forceShowPrompt(true);
-    EXPECT_EQ(platform.alerts.title, "Enjoying %@?");
-    EXPECT_EQ(platform.alerts.message, "Tell us");
-    EXPECT_EQ(platform.alerts.buttons, (std::vector<std::string>{"Sure", "", "Never"}));
-}
-
+// The alert's texts: the rating alert's screen test.
 TEST_F(Alert, ButtonsDoWhatTheySayAndTellTheDelegateWhichCanHoldTheAlertBack) {
     RecordingDelegate delegate;
     rating->setDelegate(&delegate);

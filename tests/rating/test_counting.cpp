@@ -56,24 +56,6 @@ TEST_F(Counting, ANewVersionStartsAfreshOnAUseOrAnEvent) {
     EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 1);
 }
 
-TEST_F(Counting, DebugLogLinesAreExactAndQueuedWorkKeepsItsOrder) {
-    rating->setDebug(true);
-    store().setString(keys::kRatingPromptCurrentVersion, "0.9");
-    rating->incrementUseCount(); // a new version logs only what it tracked
-    rating->userDidSignificantEvent(false);
-    rating->appEnteredForeground(false);
-    rating->userDidSignificantEvent(false);
-    EXPECT_EQ(platform.log.lines.size(), 1u) << "queued until the loop runs";
-    runPending();
-    rating->appWillResignActive();
-    const std::string v = "Tracking version: " UKE_VERSION;
-    std::vector<std::string> expected{"Tracking version: 0.9", v, "Significant event count: 1", v,
-                                      "Use count: 2",          v, "Significant event count: 2", "appWillResignActive"};
-    for (auto& line : expected)
-        line = "RATINGPROMPT " + line;
-    EXPECT_EQ(platform.log.lines, expected);
-}
-
 TEST_F(Counting, LaunchCountsOnceTheLoopRunsAndPromptsOnceTheConditionsHold) {
     rating->appLaunched(true);
     EXPECT_FALSE(store().hasKey(keys::kRatingPromptUseCount)) << "not counted on the caller's stack";
