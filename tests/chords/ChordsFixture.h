@@ -17,11 +17,7 @@ namespace uke::test {
 class ChordsFixture : public ::testing::Test {
 protected:
     ChordsFixture() {
-        platform.strings.set("ChordsTitleGlobal", "Chord library");
-        platform.strings.set("ChordsTitleSCT", "Standard");
-        platform.strings.set("ChordsTitleB", "Baritone");
-        platform.strings.set("ChordsTitleSl", "Open C");
-        platform.strings.set("ChordsTitleSlB", "Open G");
+        platform.strings.set("ChordsTitleGlobal", "Chord library"); // shown for every chart there is
         // Localised root names that cannot be mistaken for any fixed naming system.
         for (std::string_view key : ChordCatalogue::rootKeys)
             platform.strings.set(std::string(key), "loc:" + std::string(key));

@@ -47,14 +47,9 @@ protected:
     std::pair<long, long> counts() const { return {stored(keys::chordsSearched), stored(keys::variantsSearched)}; }
 };
 
-TEST_F(ChordsScreen, TitlesFollowTheChartAndStayUntouchedOutsideIt) {
-    const std::pair<int64_t, const char*> charts[] = {{1, "Standard"}, {2, "Baritone"}, {3, "Open C"}, {4, "Open G"}};
-    for (const auto& [chart, second] : charts) {
-        open(chart);
-        EXPECT_EQ(screen.chordsTitle1.text + " / " + screen.chordsTitle2.text,
-                  "Chord library / " + std::string(second));
-    }
-    // An unknown chart draws nothing but still counts its opening.
+// A chart's titles: the chord screen's view test (chart 4). An unknown chart draws
+// nothing but still counts its opening.
+TEST_F(ChordsScreen, AnUnknownChartDrawsNothingButCountsItsOpening) {
     for (int64_t chart : {0, 5, -1}) {
         const long before = stored(keys::variantsSearched);
         open(chart, 1, {1, 1});
@@ -76,10 +71,8 @@ TEST_F(ChordsScreen, PickersNameTheRootsInTheNamingSystemAndAnswerByTag) {
     EXPECT_EQ(c.titleForRow(1, 3), "C");
     EXPECT_EQ(c.titleForRow(7, 9), "add9") << "every tag but 1 reads the type list";
 
-    EXPECT_EQ(open(2, 2).chordList()[1], "La#/Si♭");
+    // The naming systems' own names (a table), and row 0's localised ones.
     EXPECT_EQ(open(2, 3).chordList()[4], "Do#/Ré♭");
-    EXPECT_EQ(open(1, 4).chordList()[2], "H");
-    EXPECT_EQ(open(1, 5).chordList()[9], "Фа#/Соль♭");
     EXPECT_EQ(open(1, 0).chordList()[0], "loc:A");
     // Open tunings force localised roots and the short list.
     for (int64_t chart : {3, 4}) {
@@ -242,8 +235,7 @@ TEST_F(ChordsScreen, NeckPictureFollowsTheChartAndTheExactScreenHeightAndOutlive
         // Each neck picture once, then the heights and charts that keep the layout's own.
         {2, Idiom::Phone, 480, "bchords_iPhone.png"},  {2, Idiom::Phone, 568, "bchords_iPhone5.png"},
         {2, Idiom::Phone, 667, "bchords_iPhone6.png"}, {3, Idiom::Phone, 812, "slchords_iPhone6Plus.png"},
-        {4, Idiom::Pad, 777, "slbchords_iPad.png"},    {3, Idiom::Phone, 896, "slchords_iPhone6Plus.png"},
-        {3, Idiom::Phone, 844, "fretboard.png"},       {2, Idiom::Phone, 926, "fretboard.png"},
+        {4, Idiom::Pad, 777, "slbchords_iPad.png"},    {3, Idiom::Phone, 844, "fretboard.png"},
         {4, Idiom::Phone, 667.5, "fretboard.png"},     {2, Idiom::Other, 667, "fretboard.png"},
         {1, Idiom::Pad, 1024, "fretboard.png"},        {5, Idiom::Phone, 480, "fretboard.png"},
     };
