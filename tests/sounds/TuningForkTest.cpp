@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -15,21 +16,15 @@ namespace {
 class TuningFork : public TunerFixture {
 protected:
     TuningFork() { launch(); }
+    // The fork's tone buttons and the string buttons, 1 to 4.
     void press(int button) {
-        switch (button) {
-        case 1: return controller->playA440Hz();
-        case 2: return controller->playE329_6();
-        case 3: return controller->playC261_6Hz();
-        default: return controller->playG392Hz();
-        }
+        using VC = ViewController;
+        (controller->*std::array{&VC::playA440Hz, &VC::playE329_6, &VC::playC261_6Hz, &VC::playG392Hz}[button - 1])();
     }
     void pressString(int button) {
-        switch (button) {
-        case 1: return controller->play1stStringSound();
-        case 2: return controller->play2ndStringSound();
-        case 3: return controller->play3rdStringSound();
-        default: return controller->play4thStringSound();
-        }
+        using VC = ViewController;
+        (controller->*std::array{&VC::play1stStringSound, &VC::play2ndStringSound, &VC::play3rdStringSound,
+                                 &VC::play4thStringSound}[button - 1])();
     }
     void calibrate(long a4) {
         platform.memoryStore.setInteger("savedA4Calibration", a4);
@@ -129,20 +124,6 @@ TEST_F(TuningFork, PlayStartsTheStreamStopStopsItOnceEachAppearanceMakesAFreshOn
     controller->setCurTone(0);
     const double now = tone.phase();
     EXPECT_EQ(platform.output.pull(1)[0], static_cast<int16_t>(29725.671468948 * std::sin(now)));
-}
-
-TEST_F(TuningFork, PanelOpenAndCloseStoreTheForkFlag) {
-    const int syncs = platform.memoryStore.synchronizeCount;
-    controller->disableTemporarilySoundConfirmation();
-    EXPECT_EQ(platform.memoryStore.integerForKey("currentlyUsingTuningFork"), 1);
-    EXPECT_TRUE(state.tuningForkFlag);
-    EXPECT_EQ(platform.memoryStore.synchronizeCount, syncs + 1);
-    // Nothing else reads the flag: the beep still sounds while the panel is open.
-    EXPECT_TRUE(state.soundNotificationOn);
-    controller->enableSoundConfirmation();
-    EXPECT_TRUE(platform.memoryStore.hasKey("currentlyUsingTuningFork"));
-    EXPECT_EQ(platform.memoryStore.integerForKey("currentlyUsingTuningFork"), 0);
-    EXPECT_FALSE(state.tuningForkFlag);
 }
 
 } // namespace
