@@ -90,11 +90,9 @@ TEST_F(PitchEstimate, TopSpikeIsTheFirstOfEqualMaxima) {
     EXPECT_EQ(estimator.findTopSpike(), 300u);
 }
 
-TEST_F(PitchEstimate, HammingWindowKeepsItsRoundedConstantAndTruncates) {
-    EXPECT_DOUBLE_EQ(PitchEstimator::hamming_window(0, 4096), 0.08);
-    EXPECT_NEAR(PitchEstimator::hamming_window(4095, 4096), 0.08, 1e-9);
-    EXPECT_EQ(PitchEstimator::hamming_window(1, 5), 0.54 + (-0.46) * std::cos((6.283185308 / 4) * 1));
-    EXPECT_TRUE(std::isnan(PitchEstimator::hamming_window(0, 1)));
+// The window's values over whole blocks are in every golden estimate; here the
+// truncation of a windowed sample and a window of one sample.
+TEST_F(PitchEstimate, WindowTruncatesAndAOneSampleWindowIsZero) {
     std::vector<int16_t> samples{999, 999, 999, 999, -999};
     PitchEstimator::performWindow(samples.data(), 5);
     EXPECT_EQ(samples, (std::vector<int16_t>{79, 539, 999, 539, -79}));
