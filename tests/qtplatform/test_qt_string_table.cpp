@@ -56,13 +56,9 @@ INSTANTIATE_TEST_SUITE_P(EveryLanguage, CompiledTable, ::testing::ValuesIn(built
 
 TEST(QtStringTable, ChoosesTheFirstLanguageItHas) {
     test::ensureQtApp();
-    EXPECT_EQ(primaryLanguage("es_ES.UTF-8"), "es");
-    EXPECT_EQ(primaryLanguage("pt-BR"), "pt");
-    EXPECT_EQ(primaryLanguage("DE"), "de");
-    EXPECT_EQ(primaryLanguage("sr@latin"), "sr");
-    EXPECT_EQ(primaryLanguage("C"), "");
-    EXPECT_EQ(primaryLanguage("12"), "");
-    EXPECT_EQ(primaryLanguage(""), "");
+    for (const auto& [locale, language] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"es_ES.UTF-8", "es"}, {"pt-BR", "pt"}, {"DE", "de"}, {"sr@latin", "sr"}, {"C", ""}, {"12", ""}, {"", ""}})
+        EXPECT_EQ(primaryLanguage(locale), language) << locale;
 
     EXPECT_EQ(chooseLanguage({"fr-CA", "de"}), "fr");
     EXPECT_EQ(chooseLanguage({"xx", "pt-BR", "it_IT"}), "it");

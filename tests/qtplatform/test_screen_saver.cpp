@@ -140,19 +140,21 @@ TEST_P(ScreenSaverInhibitorOn, HeldWhileListeningAndShownReleasedWhenHiddenOrGon
     EXPECT_FALSE(unconnected.holding());
 }
 
-const QString kReason = ": Tuning: the tuner is listening";
-INSTANTIATE_TEST_SUITE_P(
-    Desktops, ScreenSaverInhibitorOn,
-    ::testing::Values(
-        Desktop{"ScreenSaverService", true, true,
-                {"Inhibit 41 (Ukulele Tuner)" + kReason, "UnInhibit 41", "Inhibit 42 (Ukulele Tuner)" + kReason,
-                 "UnInhibit 42", "Inhibit 43 (Ukulele Tuner)" + kReason, "UnInhibit 43",
-                 "Inhibit 44 (Ukulele Tuner)" + kReason, "UnInhibit 44"}},
-        Desktop{"PortalOnly", false, true,
-                {"Portal 1 flags 8" + kReason, "Close 1", "Portal 2 flags 8" + kReason, "Close 2",
-                 "Portal 3 flags 8" + kReason, "Close 3", "Portal 4 flags 8" + kReason, "Close 4"}},
-        Desktop{"Neither", false, false, {}}),
-    [](const auto& info) { return std::string(info.param.name); });
+// The four holds the test takes, each given back, numbered from `first`.
+QStringList fourHolds(const QString& hold, const QString& release, int first) {
+    QStringList calls;
+    for (int n = first; n < first + 4; ++n)
+        calls << hold.arg(n) + ": Tuning: the tuner is listening" << release.arg(n);
+    return calls;
+}
+
+INSTANTIATE_TEST_SUITE_P(Desktops, ScreenSaverInhibitorOn,
+                         ::testing::Values(Desktop{"ScreenSaverService", true, true,
+                                                   fourHolds("Inhibit %1 (Ukulele Tuner)", "UnInhibit %1", 41)},
+                                           Desktop{"PortalOnly", false, true,
+                                                   fourHolds("Portal %1 flags 8", "Close %1", 1)},
+                                           Desktop{"Neither", false, false, {}}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace
 } // namespace uke
