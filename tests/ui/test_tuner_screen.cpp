@@ -9,29 +9,19 @@ namespace {
 
 using test::RunningApp;
 
-// The window takes the class's size and layout; a height of no table gets the nearest one.
+// The window takes the class's size and layout; a height of no table gets the nearest
+// one. A plucked A string lights it: the docs' pictures of phone-844 and pad-1194.
 TEST(TunerScreen, RendersOnEveryKindOfClass) {
-    for (const char* device : {"phone-480", "phone-844", "phone-900", "pad-1194"}) {
-        RunningApp r(device);
+    for (const std::string device : {"phone-480", "phone-844", "phone-900", "pad-1194"}) {
+        RunningApp r(device.c_str());
         ASSERT_TRUE(r.started) << device;
         const auto c = *DeviceClass::parse(device);
         EXPECT_EQ(r.window()->size(), QSize(static_cast<int>(c.width), static_cast<int>(c.height))) << device;
         EXPECT_FALSE(r.host->layout().value("name").toString().isEmpty()) << device;
-        EXPECT_GT(test::varied(r.grab()), 0.05) << device << " looks blank";
         EXPECT_EQ(r.text("currentTuningName"), "Standard  G C E A") << device;
-    }
-}
-
-// A microphone pulled out and plugged in again: the end-to-end tests, on a real sound server.
-TEST(TunerScreen, ReadOutSaysWhetherTheMicrophoneIsHeard) {
-    if (demoModeEnabled)
-        GTEST_SKIP() << "the demonstration picture fills the read-out";
-    for (const bool microphone : {true, false}) {
-        RunningApp r("phone-844", "en", {}, {},
-                     microphone ? RunningApp::Audio::Virtual : RunningApp::Audio::NoMicrophone);
-        ASSERT_TRUE(r.started);
-        EXPECT_EQ(r.host->hearing(), microphone);
-        EXPECT_EQ(r.text("freq_label"), microphone ? "Pluck a string" : "No microphone found");
+        for (int block = 0; block < 3 && !demoModeEnabled; ++block)
+            ASSERT_TRUE(r.capture->deliver(test::syntheticPluck(440.0, 14039.0, 4096)));
+        test::saveForDocs(r.grab(), ("tuner-lit-" + device + ".png").c_str());
     }
 }
 
