@@ -8,11 +8,9 @@ import fs from 'node:fs';
 import os from 'node:os';
 import path from 'node:path';
 import { after, before, test } from 'node:test';
-import puppeteer from 'puppeteer-core';
-import { harness, serve, until } from './engines.mjs';
+import { launch as launchEngine, serve, until } from './engines.mjs';
 import { DIST, TOP } from './support.mjs';
 
-const CHROMIUM = process.env.CHROMIUM || '/usr/bin/chromium';
 const PHONE = { width: 390, height: 844, deviceScaleFactor: 2, isMobile: true, hasTouch: true };
 const scratch = fs.mkdtempSync(path.join(os.tmpdir(), 'uke-browser-'));
 let server;
@@ -24,30 +22,8 @@ function pluckRecording() {
   return wav;
 }
 
-function launch(wav) {
-  return puppeteer.launch({
-    executablePath: CHROMIUM,
-    headless: true,
-    userDataDir: fs.mkdtempSync(path.join(scratch, 'profile-')),
-    args: [
-      '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
-      '--disable-component-update', '--disable-sync', '--autoplay-policy=no-user-gesture-required',
-      '--use-fake-ui-for-media-stream', '--use-fake-device-for-media-stream',
-      ...(wav ? [`--use-file-for-fake-audio-capture=${wav}`] : []),
-    ],
-  });
-}
-
-async function open(browser) {
-  const page = await browser.newPage();
-  const errors = [];
-  page.on('pageerror', (e) => errors.push(e.message));
-  await page.setViewport(PHONE);
-  await page.goto(`${server.origin}/`);
-  await page.waitForSelector('body[data-ready]', { timeout: 10000 });
-  page.errors = errors;
-  return page;
-}
+// Headless, on the fake microphone: the harness's page (its `page` and `browser` puppeteer's).
+const launch = (wav, viewport = PHONE) => launchEngine('chromium', { dir: scratch, microphone: wav, viewport });
 
 // What the player sees of an outlet: shown or not, its text and its picture.
 function outlet(page, name) {
@@ -66,13 +42,11 @@ after(async () => {
   fs.rmSync(scratch, { recursive: true, force: true });
 });
 
-test('a tap while the page still starts opens the microphone; a plucked A4 lights the string, the lamp green; silence turns it yellow', async () => {
-  const browser = await launch(pluckRecording());
+// What a lit string and silence look like is engines.test.mjs's, in Chromium too.
+test('a tap while the page still starts opens the microphone, and a plucked A4 turns the lamp green', async () => {
+  const player = await launch(pluckRecording());
   try {
-    const page = await browser.newPage();
-    page.errors = [];
-    page.on('pageerror', (e) => page.errors.push(e.message));
-    await page.setViewport(PHONE);
+    const { page } = player;
     // The core is held back until the player has tapped.
     let release;
     const tapped = new Promise((r) => { release = r; });
@@ -87,14 +61,9 @@ test('a tap while the page still starts opens the microphone; a plucked A4 light
     await page.touchscreen.tap(195, 600);
     release();
     await until('green lamp', async () => /green/.test((await outlet(page, 'LEDDisplay'))?.image));
-    assert.match((await outlet(page, 'ring1')).image, /ring1/);
-    assert.match((await outlet(page, 'tunedString5')).image, /1st_string_6plus/);
-    assert.match((await outlet(page, 'noteDisplay')).text, /A/);
-    await until('yellow lamp', async () => /yellow/.test((await outlet(page, 'LEDDisplay')).image));
-    assert.match((await outlet(page, 'freq_label')).text, /Pluck a string/);
-    assert.deepEqual(page.errors, []);
+    assert.deepEqual(player.errors, []);
   } finally {
-    await browser.close();
+    await player.close();
   }
 });
 
@@ -122,7 +91,7 @@ const stageFit = (page) => page.evaluate(() => {
 });
 
 test('phones and tablets of every size: the class of the screen, the string lit, the stage fitted through a rotation', async () => {
-  const browser = await launch(pluckRecording());
+  const { browser } = await launch(pluckRecording(), null);
   try {
     for (const device of SCREENS) {
       const page = await browser.newPage();
@@ -153,12 +122,13 @@ test('phones and tablets of every size: the class of the screen, the string lit,
 });
 
 test('the tuning arrows, a chord on the wheels, and a tap on the chosen note-naming row', async () => {
-  const browser = await launch(null);
+  const player = await launch(null);
   try {
-    const page = await open(browser);
+    const { page } = player;
+    await page.goto(`${server.origin}/`);
+    await page.waitForSelector('body[data-ready]', { timeout: 10000 });
     // Presses a button once it has come to rest where the player sees it
     // (panels slide in) and nothing covers it.
-    const player = harness(page);
     const press = (name) => player.click(`[data-outlet="${name}"]`);
     const first = (await outlet(page, 'firstString')).text;
     assert.equal((await outlet(page, 'showPreviousTuningButton')).shown, false);
@@ -189,9 +159,9 @@ test('the tuning arrows, a chord on the wheels, and a tap on the chosen note-nam
     const names = await (await page.$('[data-outlet="establecerIdioma"]')).boundingBox();
     await page.touchscreen.tap(names.x + names.width / 2, names.y + names.height / 2);
     await until('the tapped row stored', async () => (await saved()) === 0);
-    assert.deepEqual(page.errors, []);
+    assert.deepEqual(player.errors, []);
   } finally {
-    await browser.close();
+    await player.close();
   }
 });
 
@@ -200,10 +170,9 @@ test('a returning visitor gets a new core at the next online visit', async () =>
   const copy = fs.mkdtempSync(path.join(scratch, 'dist-'));
   fs.cpSync(DIST, copy, { recursive: true });
   const served = await serve(copy);
-  const browser = await launch(null);
+  const player = await launch(null);
   try {
-    const page = await browser.newPage();
-    await page.setViewport(PHONE);
+    const { page } = player;
     const visit = async () => {
       await page.goto(`${served.origin}/`);
       await page.waitForSelector('body[data-ready]', { timeout: 10000 });
@@ -220,7 +189,7 @@ test('a returning visitor gets a new core at the next online visit', async () =>
     await until('the new core', () => page.evaluate(() => globalThis.ukeCoreMark === 2 && !!document.body.dataset.ready).catch(() => false));
     assert.equal((await page.evaluate(() => caches.keys())).length, 1, 'the old copy is dropped');
   } finally {
-    await browser.close();
+    await player.close();
     await served.stop();
   }
 });

@@ -107,12 +107,13 @@ test('only what changed reaches the page, and nothing while the screen is steady
   app.delete();
 });
 
+// What the core's actions refuse, and why, is the C++ tests'; here what the page's
+// values become on their way in.
 test('actions from the page are checked before they reach the core', () => {
   const host = recordingHost();
   const app = new core.WebApp(host);
   app.start();
-  for (const [screen, name, args] of [['tuner', 'noSuchAction', []], ['tuner', 'micSensitivity', [NaN]],
-    ['tuner', 'didSelectRow', [1.5]], ['tuner', 'didSelectRow', [1e12]], ['tuner', 'showNextTuning', [1]],
+  for (const [screen, name, args] of [['tuner', 'micSensitivity', [NaN]], ['tuner', 'didSelectRow', [1e12]],
     ['chords', 'didSelectRow', [1, 1]], ['nowhere', 'showNextTuning', []]])
     assert.equal(app.act(screen, name, args), false, `${screen}.${name}(${args})`);
   assert.match(host.logged.at(-2), /^Action didSelectRow refused: the chord library is not open$/);
@@ -136,16 +137,5 @@ test('a refused microphone stops the listener and says why once', () => {
   assert.deepEqual([refused.hearing, refused.idleReadout], [false, 'No microphone found']);
   assert.equal(host.logged.filter((l) => l.startsWith('Microphone: refused')).length, 1);
   assert.equal(app.deliver(new Int16Array(4096)), false);
-  app.delete();
-});
-
-test('settings reach the page\'s store with their types', () => {
-  const host = recordingHost();
-  const app = new core.WebApp(host);
-  app.start();
-  app.act('tuner', 'setFrequencyValue', [442]);
-  app.act('tuner', 'soundNotificationAction', [0]);
-  const tags = new Set([...host.values.values()].map(([tag]) => tag));
-  assert.ok(tags.has('b') && tags.has('i'), [...tags].join());
   app.delete();
 });

@@ -9,7 +9,7 @@
 //   for (const engine of ENGINES) { const page = await launch(engine, { display, pulse, viewport, dir }); ... }
 //
 // Every process started here ends with the test process, however it ends.
-import { execFileSync, spawn } from 'node:child_process';
+import { spawn, spawnSync } from 'node:child_process';
 import { once } from 'node:events';
 import fs from 'node:fs';
 import http from 'node:http';
@@ -32,14 +32,7 @@ function miniBrowser() {
   return dirs.map((d) => path.join(lib, d, 'MiniBrowser')).find((f) => fs.existsSync(f)) || null;
 }
 
-const onPath = (cmd) => process.env.PATH.split(':').some((d) => {
-  try {
-    fs.accessSync(path.join(d, cmd), fs.constants.X_OK);
-    return true;
-  } catch {
-    return false;
-  }
-});
+const onPath = (cmd) => process.env.PATH.split(':').some((d) => fs.existsSync(path.join(d, cmd)));
 
 // Why `engine`, or the display and sound server all need, cannot run here; null if it can.
 export function missing(engine) {
@@ -54,13 +47,16 @@ export function missing(engine) {
 // ---- processes that die with us ----
 
 const owned = new Set();
-process.once('exit', () => {
-  for (const child of owned) {
-    try {
-      process.kill(child.detached ? -child.pid : child.pid, 'SIGKILL');
-    } catch {}
+// Signals a child, or its whole group; false when it is gone already.
+function signal(child, name) {
+  try {
+    process.kill(child.detached ? -child.pid : child.pid, name);
+    return true;
+  } catch {
+    return false;
   }
-});
+}
+process.once('exit', () => owned.forEach((child) => signal(child, 'SIGKILL')));
 
 // `setpriv --pdeathsig` covers what an exit handler cannot: a test process
 // killed outright. `group` puts the child and what it starts (WebKitWebDriver's
@@ -79,14 +75,8 @@ function own(cmd, args, { env, group = false, stdio = ['ignore', 'pipe', 'pipe']
 async function stopChild(child) {
   if (!child || child.exitCode !== null || child.signalCode !== null) return;
   const gone = once(child, 'exit');
-  try {
-    process.kill(child.detached ? -child.pid : child.pid, 'SIGTERM');
-  } catch {
-    return;
-  }
-  const timer = setTimeout(() => {
-    try { process.kill(child.detached ? -child.pid : child.pid, 'SIGKILL'); } catch {}
-  }, 3000);
+  if (!signal(child, 'SIGTERM')) return;
+  const timer = setTimeout(() => signal(child, 'SIGKILL'), 3000);
   await gone;
   clearTimeout(timer);
 }
@@ -108,6 +98,16 @@ export async function until(what, fn, timeout = 10000, every = 50) {
   }
 }
 
+// The first line `child` writes to `stream`; its exit before that is an error.
+function firstLine(child, stream) {
+  let text = '';
+  stream.setEncoding('utf8');
+  return new Promise((resolve, reject) => {
+    stream.on('data', (d) => (text += d).includes('\n') && resolve(text.split('\n')[0].trim()));
+    child.once('exit', (code) => reject(new Error(`${child.spawnargs[3]} exited with ${code}: ${child.log}`)));
+  });
+}
+
 // ---- the display ----
 
 // Xvfb picks a free display number itself (-displayfd), so parallel runs and
@@ -115,16 +115,7 @@ export async function until(what, fn, timeout = 10000, every = 50) {
 export async function startDisplay() {
   const child = own('Xvfb', ['-displayfd', '3', '-screen', '0', '1280x1024x24', '-nolisten', 'tcp'],
     { stdio: ['ignore', 'ignore', 'pipe', 'pipe'] });
-  let text = '';
-  child.stdio[3].setEncoding('utf8');
-  const number = await new Promise((resolve, reject) => {
-    child.stdio[3].on('data', (d) => {
-      text += d;
-      if (text.includes('\n')) resolve(text.trim());
-    });
-    child.once('exit', (code) => reject(new Error(`Xvfb exited with ${code}: ${child.log}`)));
-  });
-  return { display: `:${number}`, stop: () => stopChild(child) };
+  return { display: `:${await firstLine(child, child.stdio[3])}`, stop: () => stopChild(child) };
 }
 
 // ---- the page's server ----
@@ -132,12 +123,7 @@ export async function startDisplay() {
 // `folder` served on loopback by the project's own server; its origin, and how to stop it.
 export async function serve(folder = DIST) {
   const child = own('python3', [path.join(TOP, 'web/tools/serve.py'), '--port', '0', folder]);
-  child.stdout.setEncoding('utf8');
-  const origin = await new Promise((resolve, reject) => {
-    child.stdout.once('data', (line) => resolve(line.trim().replace(/\/$/, '')));
-    child.once('exit', (code) => reject(new Error(`server exited with ${code}: ${child.log}`)));
-  });
-  return { origin, stop: () => stopChild(child) };
+  return { origin: (await firstLine(child, child.stdout)).replace(/\/$/, ''), stop: () => stopChild(child) };
 }
 
 // ---- the sound server ----
@@ -179,13 +165,7 @@ export async function startPulse(dir) {
   ].join('\n'));
   const server = own('pulseaudio', ['-n', '--daemonize=no', '--exit-idle-time=-1', '--disallow-exit', '--use-pid-file=no',
     '--enable-memfd=no', '--realtime=no', '--high-priority=no', '--log-target=stderr', '-F', script], { env });
-  const pactl = (...args) => {
-    try {
-      return execFileSync('pactl', args, { env, encoding: 'utf8', timeout: 5000, stdio: ['ignore', 'pipe', 'ignore'] });
-    } catch {
-      return '';
-    }
-  };
+  const pactl = (...args) => spawnSync('pactl', args, { env, encoding: 'utf8', timeout: 5000 }).stdout || '';
   await until('pulseaudio to answer', () => {
     if (server.exitCode !== null) throw new Error(`pulseaudio exited: ${server.log}`);
     return /\bmic\b/.test(pactl('list', 'short', 'sources'));
@@ -209,39 +189,29 @@ export async function startPulse(dir) {
       player = wav ? loop(wav) : null;
       if (old) stopChild(old);
     },
-    silence() {
-      this.play(null);
-    },
+    silence() { this.play(null); },
     // The names of the sources the browsers record from.
     heardFrom() {
       const json = (list) => JSON.parse(pactl('-f', 'json', 'list', list) || '[]');
       const names = Object.fromEntries(json('sources').map((d) => [d.index, d.name]));
       return json('source-outputs').map((s) => names[s.source]);
     },
-    // What the speaker plays from now on, as float samples: for `length`
-    // seconds, or until the promise `length` settles (and then its error, if any).
-    async record(length) {
-      const want = typeof length === 'number' ? Math.round(length * RATE) * 4 : Infinity;
+    // What the speaker plays from now on, as float samples, until the promise
+    // `until` settles (and then its error, if any).
+    async record(until) {
       const rec = own('parec', ['--device=speaker.monitor', '--raw', '--format=float32le', '--channels=1', `--rate=${RATE}`,
         '--latency-msec=20'], { env });
       const chunks = [];
-      let got = 0;
-      const full = new Promise((resolve, reject) => {
-        rec.stdout.on('data', (d) => {
-          chunks.push(d);
-          got += d.length;
-          if (got >= want) resolve();
-        });
-        rec.once('exit', () => (got >= want ? resolve() : reject(new Error(`parec ended early: ${rec.log}`))));
-      });
-      full.catch(() => {});
+      rec.stdout.on('data', (d) => chunks.push(d));
+      const ended = once(rec, 'exit').then(() => { throw new Error(`parec ended early: ${rec.log}`); });
+      ended.catch(() => {});
       try {
-        await (want === Infinity ? Promise.race([length, full]) : full);
+        await Promise.race([until, ended]);
       } finally {
         await stopChild(rec);
       }
-      const bytes = Buffer.concat(chunks).subarray(0, Math.min(want, got - (got % 4)));
-      return new Float32Array(bytes.buffer.slice(bytes.byteOffset, bytes.byteOffset + bytes.length));
+      const bytes = Buffer.concat(chunks);
+      return new Float32Array(bytes.buffer.slice(bytes.byteOffset, bytes.byteOffset + bytes.length - (bytes.length % 4)));
     },
     async stop() {
       playing = null;
@@ -307,11 +277,12 @@ export function pitch(samples, rate, low = 50, high = 2000) {
 
 // ---- the browsers ----
 
-// Environment every browser gets: our display, our sound server, a home of its own.
+// Environment every browser gets: our display (none: headless), our sound server, a home of its own.
 function browserEnv({ display, pulse, home }) {
   fs.mkdirSync(home, { recursive: true });
-  const env = { ...(pulse ? pulse.env : process.env), DISPLAY: display.display, HOME: home, XDG_CONFIG_HOME: path.join(home, '.config'),
+  const env = { ...(pulse ? pulse.env : process.env), HOME: home, XDG_CONFIG_HOME: path.join(home, '.config'),
     XDG_CACHE_HOME: path.join(home, '.cache'), XDG_DATA_HOME: path.join(home, '.local/share') };
+  if (display) env.DISPLAY = display.display;
   delete env.WAYLAND_DISPLAY;
   delete env.MOZ_HEADLESS;
   return env;
@@ -358,10 +329,8 @@ class Page {
     return this.errors;
   }
 
-  async at(target, y) {
-    if (typeof target === 'number') return { x: target, y };
-    return this.settled(target);
-  }
+  // The point (target, y), or where the selector `target` has settled.
+  at(target, y) { return typeof target === 'number' ? { x: target, y } : this.settled(target); }
 
   async tap(target, y) {
     const p = await this.at(target, y);
@@ -377,20 +346,13 @@ class Page {
 class PuppeteerPage extends Page {
   constructor(engine, browser, page, viewport) {
     super(engine);
-    this.browser = browser;
-    this.page = page;
-    this.viewport = viewport;
+    Object.assign(this, { browser, page, viewport });
     page.on('pageerror', (e) => this.errors.push(e.message));
     page.on('console', (m) => this.console.push(`${m.type()}: ${m.text()}`));
   }
 
-  async goto(url) {
-    await this.page.goto(url);
-  }
-
-  evaluate(fn, ...args) {
-    return this.page.evaluate(fn, ...args);
-  }
+  goto(url) { return this.page.goto(url); }
+  evaluate(fn, ...args) { return this.page.evaluate(fn, ...args); }
 
   async setViewport(width, height) {
     // Firefox's WebDriver BiDi has no touch or mobile emulation; the size and
@@ -409,69 +371,52 @@ class PuppeteerPage extends Page {
     }
   }
 
-  clickAt(x, y) {
-    return this.page.mouse.click(x, y);
-  }
-
-  async screenshot(file) {
-    await this.page.screenshot({ path: file });
-  }
-
-  async close() {
-    await this.browser.close().catch(() => {});
-  }
+  clickAt(x, y) { return this.page.mouse.click(x, y); }
+  screenshot(file) { return this.page.screenshot({ path: file }); }
+  close() { return this.browser.close().catch(() => {}); }
 }
 
-// The harness's page interface on a page of a Chromium that puppeteer runs already.
-export const harness = (page) => new PuppeteerPage('chromium', page.browser(), page, {});
-
-async function launchChromium({ display, pulse, viewport, dir, microphone }) {
+// Chromium, or Firefox over WebDriver BiDi. With no `display` Chromium runs
+// headless on its fake microphone, which plays the file `microphone` in a loop.
+async function launchPuppeteer(engine, { display, pulse, viewport, dir, microphone }) {
+  const denied = microphone === 'denied';
   const browser = await puppeteer.launch({
-    executablePath: CHROMIUM,
-    headless: false,
-    userDataDir: fs.mkdtempSync(path.join(dir, 'chromium-')),
-    env: browserEnv({ display, pulse, home: path.join(dir, 'chromium-home') }),
+    executablePath: engine === 'firefox' ? FIREFOX : CHROMIUM,
+    headless: !display,
+    userDataDir: fs.mkdtempSync(path.join(dir, `${engine}-`)),
+    env: browserEnv({ display, pulse, home: path.join(dir, `${engine}-home`) }),
     defaultViewport: null,
-    args: [
-      // Root in a container has no user namespaces for the sandbox.
-      '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
-      '--disable-component-update', '--disable-sync', '--password-store=basic', '--window-position=0,0',
-      '--window-size=1200,1000',
-      // Answers the microphone prompt with yes, or every prompt with no; the
-      // device itself is PulseAudio's default source.
-      microphone === 'denied' ? '--deny-permission-prompts' : '--use-fake-ui-for-media-stream',
-    ],
+    ...(engine === 'firefox' ? {
+      browser: 'firefox',
+      protocol: 'webDriverBiDi',
+      extraPrefsFirefox: {
+        // Grants the microphone with no prompt, or refuses it as a player's
+        // "Block" remembered for every site does. The device is PulseAudio's
+        // default source, and the sound goes to its default sink: Firefox's
+        // cubeb picks PulseAudio by itself.
+        'media.navigator.permission.disabled': !denied,
+        ...(denied ? { 'permissions.default.microphone': 2 } : {}),
+        // Sound may start before a gesture: the tests, not the browser, decide
+        // when the page has been touched.
+        'media.autoplay.default': 0,
+      },
+      args: ['--width=1200', '--height=1000'],
+    } : {
+      args: [
+        // Root in a container has no user namespaces for the sandbox.
+        '--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run', '--disable-background-networking',
+        '--disable-component-update', '--disable-sync', '--password-store=basic', '--window-position=0,0',
+        '--window-size=1200,1000',
+        // Answers the microphone prompt with yes, or every prompt with no; the
+        // device itself is PulseAudio's default source, or the fake one.
+        denied ? '--deny-permission-prompts' : '--use-fake-ui-for-media-stream',
+        ...(display ? [] : ['--autoplay-policy=no-user-gesture-required', '--use-fake-device-for-media-stream',
+          ...(microphone ? [`--use-file-for-fake-audio-capture=${microphone}`] : [])]),
+      ],
+    }),
   });
   const [page] = await browser.pages();
-  const p = new PuppeteerPage('chromium', browser, page, viewport || {});
-  if (viewport) await p.setViewport(viewport.width, viewport.height);
-  return p;
-}
-
-async function launchFirefox({ display, pulse, viewport, dir, microphone }) {
-  const browser = await puppeteer.launch({
-    browser: 'firefox',
-    protocol: 'webDriverBiDi',
-    executablePath: FIREFOX,
-    headless: false,
-    userDataDir: fs.mkdtempSync(path.join(dir, 'firefox-')),
-    env: browserEnv({ display, pulse, home: path.join(dir, 'firefox-home') }),
-    defaultViewport: null,
-    extraPrefsFirefox: {
-      // Grants the microphone with no prompt, or refuses it as a player's
-      // "Block" remembered for every site does. The device is PulseAudio's
-      // default source, and the sound goes to its default sink: Firefox's
-      // cubeb picks PulseAudio by itself.
-      'media.navigator.permission.disabled': microphone !== 'denied',
-      ...(microphone === 'denied' ? { 'permissions.default.microphone': 2 } : {}),
-      // Sound may start before a gesture: the tests, not the browser, decide
-      // when the page has been touched.
-      'media.autoplay.default': 0,
-    },
-    args: ['--width=1200', '--height=1000'],
-  });
-  const [page] = await browser.pages();
-  const p = new PuppeteerPage('firefox', browser, page, viewport || {});
+  const p = new PuppeteerPage(engine, browser, page, viewport || {});
   if (viewport) await p.setViewport(viewport.width, viewport.height);
   return p;
 }
@@ -482,21 +427,13 @@ async function launchFirefox({ display, pulse, viewport, dir, microphone }) {
 class WebKitPage extends Page {
   constructor(driver, base, session, framing) {
     super('webkit');
-    this.driver = driver;
-    this.base = base;
-    this.session = session;
-    this.framing = framing;
+    Object.assign(this, { driver, base, session, framing });
   }
 
   async command(method, route, body) {
-    const res = await fetch(`${this.base}/session/${this.session}${route}`, {
-      method,
-      headers: body ? { 'content-type': 'application/json' } : {},
-      body: body ? JSON.stringify(body) : undefined,
-    });
-    const json = await res.json();
-    if (!res.ok) throw new Error(`WebDriver ${route}: ${json.value?.error}: ${json.value?.message}`);
-    return json.value;
+    const { ok, value } = await webDriver(method, `${this.base}/session/${this.session}${route}`, body);
+    if (!ok) throw new Error(`WebDriver ${route}: ${value?.error}: ${value?.message}`);
+    return value;
   }
 
   async goto(url) {
@@ -555,13 +492,8 @@ class WebKitPage extends Page {
 
   // WebKitGTK's WebDriver takes a touch action but hands the page mouse
   // events (pointerType "mouse"): the page sees a click either way.
-  touchAt(x, y) {
-    return this.pointer('touch', x, y);
-  }
-
-  clickAt(x, y) {
-    return this.pointer('mouse', x, y);
-  }
+  touchAt(x, y) { return this.pointer('touch', x, y); }
+  clickAt(x, y) { return this.pointer('mouse', x, y); }
 
   async screenshot(file) {
     fs.writeFileSync(file, Buffer.from(await this.command('GET', '/screenshot'), 'base64'));
@@ -582,6 +514,12 @@ class WebKitPage extends Page {
     await stopChild(this.driver);
     this.framing?.close();
   }
+}
+
+// One WebDriver request: whether it was answered with success, and the answer's value.
+async function webDriver(method, url, body) {
+  const res = await fetch(url, { method, headers: body ? { 'content-type': 'application/json' } : {}, body: body && JSON.stringify(body) });
+  return { ok: res.ok, value: (await res.json()).value };
 }
 
 function freePort() {
@@ -636,32 +574,17 @@ async function launchWebKit({ display, pulse, viewport, dir, microphone }) {
     if (driver.exitCode !== null) throw new Error(`WebKitWebDriver exited: ${driver.log}`);
     return (await fetch(`${base}/status`)).ok;
   }, 10000, 100);
-  const res = await fetch(`${base}/session`, {
-    method: 'POST',
-    headers: { 'content-type': 'application/json' },
-    body: JSON.stringify({
-      capabilities: {
-        alwaysMatch: {
-          'webkitgtk:browserOptions': {
-            binary,
-            args: [
-              '--automation',
-              // getUserMedia is off in WebKitGTK unless asked for. An automated
-              // page is granted it with no prompt; the device is GStreamer's
-              // PulseAudio source (not a mock one: those are off by default).
-              '--enable-media-stream=true',
-            ],
-          },
-        },
-      },
-    }),
+  // getUserMedia is off in WebKitGTK unless asked for. An automated page is
+  // granted it with no prompt; the device is GStreamer's PulseAudio source (not
+  // a mock one: those are off by default).
+  const { ok, value } = await webDriver('POST', `${base}/session`, {
+    capabilities: { alwaysMatch: { 'webkitgtk:browserOptions': { binary, args: ['--automation', '--enable-media-stream=true'] } } },
   });
-  const json = await res.json();
-  if (!res.ok) {
+  if (!ok) {
     await stopChild(driver);
-    throw new Error(`WebKitWebDriver session: ${json.value?.message} ${driver.log}`);
+    throw new Error(`WebKitWebDriver session: ${value?.message} ${driver.log}`);
   }
-  const page = new WebKitPage(driver, base, json.value.sessionId, microphone === 'denied' ? await refusingFrame() : null);
+  const page = new WebKitPage(driver, base, value.sessionId, microphone === 'denied' ? await refusingFrame() : null);
   await page.command('POST', '/timeouts', { script: 30000, pageLoad: 30000 });
   if (viewport) {
     await page.command('POST', '/url', { url: 'about:blank' });
@@ -670,13 +593,11 @@ async function launchWebKit({ display, pulse, viewport, dir, microphone }) {
   return page;
 }
 
-const LAUNCHERS = { chromium: launchChromium, firefox: launchFirefox, webkit: launchWebKit };
-
 // One engine's browser on `display`, hearing and playing through `pulse`, with
 // one page of `viewport` ({ width, height, deviceScaleFactor, isMobile, hasTouch }:
 // what the engine cannot emulate it leaves out). Profiles and scratch files go
 // under `dir`. `microphone: 'denied'` refuses the page the microphone, as a player can.
 export function launch(engine, options) {
-  if (!LAUNCHERS[engine]) throw new Error(`no engine ${engine}: one of ${ENGINES.join(', ')}`);
-  return LAUNCHERS[engine](options);
+  if (!ENGINES.includes(engine)) throw new Error(`no engine ${engine}: one of ${ENGINES.join(', ')}`);
+  return engine === 'webkit' ? launchWebKit(options) : launchPuppeteer(engine, options);
 }

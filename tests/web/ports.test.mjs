@@ -4,8 +4,6 @@ import { test } from 'node:test';
 import { LocalSettings, STORAGE_KEY } from '../../web/src/ports/settings.js';
 import { StringTables, chooseLanguage } from '../../web/src/ports/strings.js';
 import { Blocker, Resampler } from '../../web/src/ports/resampler.js';
-import { failureOf } from '../../web/src/ports/capture.js';
-import { webAddressOf } from '../../web/src/ports/browser.js';
 import path from 'node:path';
 import { TOP, captureRateRecording, loadCore, recordingHost } from './support.mjs';
 
@@ -19,7 +17,7 @@ class MemoryStorage {
   removeItem(k) { this.items.delete(k); }
 }
 
-test('settings survive a reload with their types, through the core\'s typed reads', async () => {
+test('settings are stored with their types and survive a reload, through the core\'s typed reads', async () => {
   const core = await loadCore();
   const storage = new MemoryStorage();
   const run = (fn) => {
@@ -36,6 +34,8 @@ test('settings survive a reload with their types, through the core\'s typed read
     app.act('tuner', 'micSensitivity', [8]);
     app.act('tuner', 'toggleStringSounds', [1]);
   });
+  const stored = JSON.parse(storage.getItem(STORAGE_KEY));
+  assert.deepEqual([stored.savedA4Calibration, stored.stringSoundsEnabled], [['i', 442], ['b', true]]);
   const again = run(() => {});
   assert.equal(again.tuner.setFrequencyValueStepper.value, 442);
   assert.equal(again.tuner.micSensitivitySlider.value, 8);
@@ -126,14 +126,6 @@ test('blocks are whole, 16-bit and clipped, and each can be handed to another th
   b.push(Float32Array.from([0, 0.5, -0.5, 1, -1.5, 2 ** -15]), post);
   b.push(Float32Array.from([0.25, 0.75, 0, 0, 0.5, 0]), post);
   assert.deepEqual(blocks.map((x) => [...x]), [[0, 16384, -16384, 32767], [-32768, 1, 8192, 24576], [0, 0, 16384, 0]]);
-});
-
-test('microphone errors name what the player can do about them', () => {
-  for (const [name, kind] of [['NotAllowedError', 'refused'], ['SecurityError', 'refused'], ['NotFoundError', 'none'],
-    ['OverconstrainedError', 'none'], ['NotReadableError', 'unavailable'], ['TypeError', 'unsupported']])
-    assert.equal(failureOf({ name }), kind, name);
-  assert.equal(webAddressOf('itms-apps://itunes.apple.com/app/id1'), 'https://itunes.apple.com/app/id1');
-  assert.equal(webAddressOf('https://morvanelabs.example/'), 'https://morvanelabs.example/');
 });
 
 // Timers on a hand-moved clock, counting how often the page would wake.

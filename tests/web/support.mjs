@@ -23,11 +23,8 @@ export function recordingHost(overrides = {}) {
   const host = {
     epoch: 1.7e9,
     resourcePath: 'sounds',
-    logged: [],
-    captureCalls: [],
-    played: [],
-    opened: [],
-    alerts: [],
+    // What the core asked for, in order.
+    logged: [], captureCalls: [], played: [], opened: [], alerts: [],
     log: (line) => host.logged.push(line),
     settings: {
       value: (k) => values.get(k) ?? null,
@@ -43,11 +40,8 @@ export function recordingHost(overrides = {}) {
     output: { start() {}, stop() {} },
     sounds: { has: () => true, play: (id, p) => host.played.push(p), stop() {} },
     openUrl: (u) => host.opened.push(u),
-    online: () => true,
-    fetch: () => true,
+    online: () => true, fetch: () => true, keepAwake() {}, buildWindow: () => true,
     alert: { present: (title, message, buttons) => host.alerts.push({ title, message, buttons }), dismiss() {} },
-    keepAwake() {},
-    buildWindow: () => true,
     ...overrides,
   };
   return host;
