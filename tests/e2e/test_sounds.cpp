@@ -1,6 +1,8 @@
-// The app's sounds heard on the speaker of the private PulseAudio server: the string
-// samples, the confirmation beep and the tuning fork, from the running app and from
-// `uke tone --play`, measured on what the speaker played.
+// The app's sounds heard on the speaker of the private PulseAudio server: a sample
+// (the confirmation beep) and the tuning fork's tone, from the running app and from
+// `uke tone --play`, measured by the tuner's own estimator on what the speaker played.
+// Which file or pitch each button plays, and a retune without a stop, are the sound
+// unit tests'; these hold the device paths to them.
 #include <QFile>
 #include <QProcess>
 #include <algorithm>
@@ -11,7 +13,6 @@
 
 #include "audio/MicListener.h"
 #include "base/SharedState.h"
-#include "support/FinePitch.h"
 #include "support/PulseServerTest.h"
 #include "support/RunningApp.h"
 #include "tuner/ViewController.h"
@@ -32,12 +33,6 @@ std::pair<size_t, size_t> soundingPart(const std::vector<int16_t>& rec, int leve
             last = i;
         }
     return {first, last};
-}
-
-// The pitch of samples [from, from + count) of a recording, near `guess`.
-double pitchOf(const std::vector<int16_t>& rec, size_t from, size_t count, double guess) {
-    from = std::min(from, rec.size());
-    return finePitch(rec.data() + from, std::min(count, rec.size() - from), kRate, guess);
 }
 
 // The tuner's estimate for each whole 4096-sample block of [from, to).
@@ -76,38 +71,19 @@ protected:
         play();
         return pulse().stopRecording();
     }
-    // The recording's pitch from 0.1 s in and the tuner's readings of its first second.
-    void expectNote(const std::vector<int16_t>& rec, const char* name, double target, double within = 0.1) {
+    // The tuner's readings of the recording's first second.
+    void expectNote(const std::vector<int16_t>& rec, const char* name, double target) {
         const auto [first, last] = soundingPart(rec, 1000);
         ASSERT_LT(first, last) << name << ": the speaker stayed silent";
-        EXPECT_NEAR(pitchOf(rec, first + kRate / 10, kRate, target), target, within) << name;
-        // The first second rings well above the tuner's thresholds.
         const std::vector<float> readings = tunerReadings(rec, first, first + kRate);
         ASSERT_GE(readings.size(), 3u);
         for (float f : readings)
             EXPECT_NEAR(f, target, target / 360.0) << name;
     }
-    // Plays one string's recording with string sounds on and returns what the speaker played.
-    std::vector<int16_t> playString(const char* play) {
-        host->tuner()->act("toggleStringSounds", true);
-        return record([&] {
-            host->tuner()->act(play);
-            runFor(2.6);
-        });
-    }
 
     std::unique_ptr<RunningApp> app;
     AppHost* host = nullptr;
 };
-
-// Standard tuning's first string, then baritone double D's fourth, in one running app.
-TEST_F(Speaker, StringsPlayTheirRecordings) {
-    expectNote(playString("play1stStringSound"), "A4.mp3", 440.0);
-    for (int i = 1; i < 11; ++i)
-        host->tuner()->act("showNextTuning");
-    ASSERT_EQ(host->state().chosenTuning, 11);
-    expectNote(playString("play4thStringSound"), "D3.mp3", 146.832);
-}
 
 TEST_F(Speaker, ConfirmationBeepsOncePerStringUntilTheResetAboveTheTunersRange) {
     // The beep is prepared when the screen loads and played a while later, as in use.
@@ -170,42 +146,12 @@ TEST_F(Speaker, TuningForkSheetSoundsA440AndStopSilencesIt) {
                                          << " s after the stop";
     const auto loudest = std::ranges::max(rec, {}, [](int16_t v) { return std::abs(static_cast<int>(v)); });
     EXPECT_GT(std::abs(static_cast<int>(loudest)), 26000); // the tone's full-scale peak, about 29726, resampled
-    expectNote(rec, "the fork's A4", 440.0, 0.05);
+    expectNote(rec, "the fork's A4", 440.0);
 
     // Every panel has a Done button of that name: close this one by its own hand.
     QMetaObject::invokeMethod(app->item("tuningForkSheet"), "close");
     runFor(0.4);
     EXPECT_FALSE(host->state().tuningForkFlag);
-}
-
-TEST_F(Speaker, SecondStringRetunesTheRunningToneWithoutABreak) {
-    const std::vector<int16_t> rec = record([&] {
-        host->tuner()->act("playA440Hz");
-        runFor(1.0);
-        host->tuner()->act("playE329_6");
-        runFor(1.0);
-        host->tuner()->act("stopFreqPlay");
-        runFor(0.4);
-    });
-    const auto [first, last] = soundingPart(rec);
-    ASSERT_LT(first, last) << "the speaker stayed silent";
-    ASSERT_GT(last - first, static_cast<size_t>(1.6 * kRate));
-    // Loud in every 20 ms stretch from start to stop, and no step between samples
-    // larger than the steepest slope of the tone itself (about 4700 at this rate).
-    int steepest = 0;
-    // The start and the stop are cuts (the waveform's phase carries over from the
-    // last tone), smeared over a few samples by the resampler: the check leaves them out.
-    for (size_t at = first + 8; at + 280 + 8 < last; at += 280) {
-        int loudest = 0;
-        for (size_t i = at; i < at + 280; ++i) {
-            loudest = std::max(loudest, std::abs(static_cast<int>(rec[i])));
-            steepest = std::max(steepest, std::abs(rec[i + 1] - rec[i]));
-        }
-        ASSERT_GT(loudest, 15000) << "a break " << static_cast<double>(at - first) / kRate << " s in";
-    }
-    EXPECT_LT(steepest, 7000);
-    EXPECT_NEAR(pitchOf(rec, first + kRate / 10, kRate / 2, 440.0), 440.0, 0.1);
-    EXPECT_NEAR(pitchOf(rec, last - kRate * 6 / 10, kRate / 2, 329.63), 329.628, 0.1);
 }
 
 TEST_F(Speaker, UkeTonePlaysTheSameToneThroughTheSpeaker) {
@@ -221,9 +167,8 @@ TEST_F(Speaker, UkeTonePlaysTheSameToneThroughTheSpeaker) {
     EXPECT_EQ(proc.exitCode(), 0) << proc.readAllStandardError().toStdString();
     EXPECT_NE(proc.readAllStandardOutput().indexOf("C4 261.6256 Hz triangle"), -1);
     const auto [first, last] = soundingPart(rec);
-    ASSERT_LT(first, last) << "the speaker stayed silent";
     EXPECT_NEAR(static_cast<double>(last - first) / kRate, 1.2, 0.3);
-    EXPECT_NEAR(pitchOf(rec, first + kRate / 10, kRate * 8 / 10, 261.63), 261.626, 0.1);
+    expectNote(rec, "uke tone's C4", 261.626);
 }
 
 } // namespace
