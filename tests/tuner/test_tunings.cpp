@@ -76,22 +76,5 @@ TEST_F(Navigation, RingsGoAfterTheActionReturns) {
     EXPECT_EQ(state.ringShown, (std::array<uint8_t, 4>{0, 0, 0, 0}));
 }
 
-TEST_F(Navigation, OutOfRangeTuningChangesNothingAndDisablesTheTick) {
-    launch();
-    const TunerScreenModel before = screen;
-    state.chosenTuning = 12;
-    controller->displayNotes();
-    controller->localizeNotes();
-    EXPECT_EQ(screen.firstString, before.firstString);
-    EXPECT_EQ(screen.firstStringNoteAndFreq, before.firstStringNoteAndFreq);
-    for (int64_t tuning : {0, 12}) {
-        state.chosenTuning = tuning;
-        tick(0.0f, 440.0f);
-        tick(0.05f, 440.0f);
-        EXPECT_EQ(screen.LEDDisplay, before.LEDDisplay) << tuning;
-        EXPECT_EQ(screen.freq_label, before.freq_label) << tuning;
-    }
-}
-
 } // namespace
 } // namespace uke
