@@ -17,7 +17,6 @@ namespace uke::test {
 class ChordsFixture : public ::testing::Test {
 protected:
     ChordsFixture() {
-        platform.strings.set("ChordsTitleGlobal", "Chord library"); // shown for every chart there is
         // Localised root names that cannot be mistaken for any fixed naming system.
         for (std::string_view key : ChordCatalogue::rootKeys)
             platform.strings.set(std::string(key), "loc:" + std::string(key));

@@ -47,18 +47,10 @@ protected:
     std::pair<long, long> counts() const { return {stored(keys::chordsSearched), stored(keys::variantsSearched)}; }
 };
 
-// A chart's titles: the chord screen's view test (chart 4). An unknown chart draws
-// nothing but still counts its opening.
-TEST_F(ChordsScreen, AnUnknownChartDrawsNothingButCountsItsOpening) {
-    for (int64_t chart : {0, 5, -1}) {
-        const long before = stored(keys::variantsSearched);
-        open(chart, 1, {1, 1});
-        EXPECT_EQ(screen.chordsTitle1.text + screen.chordsTitle2.text, "") << chart;
-        EXPECT_EQ(screen.chordDisplay.text, "-") << chart;
-        EXPECT_EQ(stored(keys::variantsSearched), before + 3) << chart;
-    }
-}
-
+// A chart's titles: the chord screen's view test (chart 4). Charts other than 1 to
+// 4, naming rows other than 0 to 5 and rows past a picker's end never reach the
+// screen: the tuner hands over only those (the segue test) and the actions refuse
+// the rest.
 TEST_F(ChordsScreen, PickersNameTheRootsInTheNamingSystemAndAnswerByTag) {
     auto& c = open(1, 1);
     EXPECT_EQ(c.chordList(), strings(ChordCatalogue::rootKeys));
@@ -85,19 +77,9 @@ TEST_F(ChordsScreen, PickersNameTheRootsInTheNamingSystemAndAnswerByTag) {
     }
     platform.strings.entries.clear();
     EXPECT_EQ(open(1, 0).chordList(), std::vector<std::string>(12, "")) << "missing strings give empty names";
-
-    // Out of range: empty, unwired pickers.
-    for (int64_t language : {6, -1}) {
-        auto& none = open(1, language, {3, 3});
-        EXPECT_TRUE(none.chordList().empty());
-        EXPECT_EQ(none.numberOfRowsInComponent(1) + none.numberOfRowsInComponent(2), 0);
-        EXPECT_EQ(screen.selectRootChord.tag, 0);
-        EXPECT_TRUE(screen.selectVariant.rows.empty());
-        EXPECT_EQ(screen.chordDisplay.text, "-");
-    }
 }
 
-TEST_F(ChordsScreen, RowsSelectKeysFromTheFixedTablesNeverFromTheTextAndOutOfBoundsNothing) {
+TEST_F(ChordsScreen, RowsSelectKeysFromTheFixedTablesNeverFromTheText) {
     auto& c = open(1, 5);
     c.didSelectRow(1, 1);
     EXPECT_EQ(c.currentChord(), "A#/B♭");
@@ -113,16 +95,6 @@ TEST_F(ChordsScreen, RowsSelectKeysFromTheFixedTablesNeverFromTheTextAndOutOfBou
     EXPECT_EQ(open3.currentVariant(), "sus2");
     EXPECT_EQ(screen.chordDisplay.text, "-");
     EXPECT_EQ(drawn(screen), "----");
-
-    // Rows out of bounds change nothing.
-    auto& d = open(1, 1, {2, 5});
-    const ChordScreenModel board = screen;
-    const auto before = counts();
-    for (const auto& [tag, row] : {std::pair{1L, 12L}, {1, -1}, {2, 15}, {3, 10}, {4, 10}, {0, 1}, {5, 1}})
-        d.didSelectRow(tag, row);
-    EXPECT_EQ(counts(), before);
-    EXPECT_EQ(d.currentChord() + d.currentVariant(), "Bm7");
-    EXPECT_TRUE(screen.chordDisplay == board.chordDisplay && screen.Str4Fr2 == board.Str4Fr2);
 }
 
 TEST_F(ChordsScreen, FirstChordComesFromTwoDrawsOfEight) {
