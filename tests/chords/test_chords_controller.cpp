@@ -5,6 +5,9 @@
 #include "ChordsFixture.h"
 #include "base/SettingsKeys.h"
 #include "chords/ChordShapeTable.h"
+#include "chords/ChordsViewController.h"
+#include "support/TunerFixture.h"
+#include <tuple>
 
 namespace uke {
 namespace {
@@ -219,6 +222,49 @@ TEST_F(ChordsScreen, NeckPictureFollowsTheChartAndTheExactScreenHeightAndOutlive
         EXPECT_EQ(drawn(screen), "----");
         EXPECT_EQ(screen.chordDisplay.text, "-");
     }
+}
+
+// What the tuner screen hands to the chord library when it opens it. Which chart
+// each tuning chooses is the tuning tests' business.
+using ChordsSegue = test::TunerFixture;
+
+// Charts out of range leave the destination's default, 0; the language is always
+// the letter names, whatever the picker's. Other segues pass nothing.
+TEST_F(ChordsSegue, HandsOverTheChartAndAlwaysLetterNames) {
+    ChordScreenModel chordScreen;
+    state.languageIndex = 3;
+    for (int64_t chart : {1, 2, 3, 4, 0, 5, -2}) {
+        state.chosenUkuleleType = chart;
+        ChordsViewController c(platform.services(), state, chordScreen, *rating);
+        controller->prepareForSegue("showSettings", c);
+        EXPECT_EQ(c.ukuleleType + c.selectedLanguage, 0) << chart;
+        controller->prepareForSegue("showChordsView", c);
+        EXPECT_EQ(c.ukuleleType, chart >= 1 && chart <= 4 ? chart : 0) << chart;
+        EXPECT_EQ(c.selectedLanguage, 1) << chart;
+    }
+}
+
+TEST(ShapeNotation, RefusesWhatIsNotAShape) {
+    for (const char* bad : {"", "123", "12345", "12(3", "12()3", "12y3", "1234/R3=2", "1234/R1=1", "1234/R1=10",
+                            "1234/", "(11)234", "(oo)234", "1234/R15"}) {
+        std::string error;
+        EXPECT_FALSE(parseShapeNotation(bad, &error)) << bad;
+        EXPECT_FALSE(error.empty()) << bad;
+        EXPECT_EQ(error.find('\n'), std::string::npos) << bad;
+    }
+}
+
+// Every key's shape is in the golden chord charts, and the chord screen tests draw
+// every entry by its keys (an entry filed twice would draw the other's shape).
+TEST(ChordShapeTable, LookupIsAnExactMatchWithoutFallback) {
+    // Spelled names ("A#", "B♭") are not keys; neither are missing shapes or charts.
+    const std::tuple<int64_t, const char*, const char*> absent[] = {
+        {3, "C", "sus2"}, {4, "A", "add9"}, {0, "A", "-"},   {5, "A", "-"},
+        {1, "", "-"},     {1, "A", ""},     {1, "A#", "m7"}, {1, "B♭", "m7"},
+    };
+    for (const auto& [chart, root, variant] : absent)
+        EXPECT_EQ(ChordShapeTable::find(chart, root, variant), nullptr) << chart << " " << root << " " << variant;
+    EXPECT_NE(ChordShapeTable::find(1, "A#/B♭", "m7"), nullptr);
 }
 
 } // namespace
