@@ -1,4 +1,6 @@
 #include "RatingFixture.h"
+#include "base/SettingsKeys.h"
+#include "support/TunerFixture.h"
 
 namespace uke::test {
 namespace {
@@ -88,27 +90,10 @@ TEST_F(Appropriate, DeclinedOrRatedVersionsNeverPromptAndOneAlertShowsAtATime) {
 
 using Network = RatingFixture;
 
-TEST_F(Network, FlagsAndTheFetchDecideAndUnreadableFlagsLogAndAnswerNo) {
-    struct Case {
-        NetworkProbe::Flags flags;
-        bool suspended;
-        bool connected;
-    } cases[] = {
-        {{true, false, false}, false, true}, {{true, true, false}, false, false}, {{false, false, false}, false, false},
-        {{false, false, true}, false, true}, {{true, true, true}, false, true},   {{true, false, false}, true, false},
-    };
-    for (const auto& c : cases) {
-        platform.network.flags = c.flags;
-        platform.network.suspended = c.suspended;
-        EXPECT_EQ(rating->connectedToNetwork(), c.connected)
-            << c.flags.reachable << c.flags.connectionRequired << c.flags.transientConnection << c.suspended;
-    }
-    ASSERT_EQ(platform.network.fetched.size(), std::size(cases)) << "fetched whatever the flags say";
-    EXPECT_EQ(platform.network.fetched.front(), UKE_PROBE_URL);
-
+// Which flags mean a connection is the probe's table; flags that cannot be read are
+// said once and answer no, with no fetch.
+TEST_F(Network, UnreadableFlagsLogAndAnswerNo) {
     platform.network.flags.reset();
-    platform.network.suspended = false;
-    platform.network.fetched.clear();
     EXPECT_FALSE(rating->connectedToNetwork());
     EXPECT_EQ(platform.log.lines, std::vector<std::string>{"Error. Could not recover network reachability flags"});
     EXPECT_TRUE(platform.network.fetched.empty());
@@ -195,6 +180,38 @@ TEST_F(Alert, ThePlatformRequestComesFirstThenTheStoreOrElseItsSheet) {
         // Opening in the store is the default only from system seven on.
         EXPECT_EQ(RatingPrompt(platform.services()).openInAppStore(), url != before7) << version;
     }
+}
+
+// The tuner screen asks up to four times in a row; only the first can show.
+class TunerPrompt : public TunerFixture {
+protected:
+    // Attempts, seen as network checks: every attempt makes one. The alert is then
+    // put off ("Remind me later"), which does not hold back the next attempts.
+    size_t attemptsAt(long runs) {
+        platform.network.fetched.clear();
+        platform.alerts.presentCount = 0;
+        platform.store->setInteger(keys::numberOfRuns, runs);
+        controller->promptToReview();
+        if (platform.alerts.visible)
+            platform.alerts.press(1);
+        return platform.network.fetched.size();
+    }
+};
+
+TEST_F(TunerPrompt, AttemptsGrowWithTheRunCount) {
+    launch();
+    const std::pair<long, size_t> cases[] = {{1, 0}, {2, 0}, {3, 1}, {4, 1}, {5, 2},
+                                             {6, 2}, {7, 3}, {8, 3}, {9, 4}, {40, 4}};
+    for (const auto& [runs, attempts] : cases) {
+        const size_t expected = demoModeEnabled ? 0 : attempts;
+        EXPECT_EQ(attemptsAt(runs), expected) << runs << " runs";
+        EXPECT_EQ(platform.alerts.presentCount, expected > 0 ? 1 : 0) << runs << " runs";
+    }
+    // With the platform request, nine runs ask it once and never show the alert.
+    platform.storeReview.hasReviewRequest = true;
+    EXPECT_EQ(attemptsAt(9), demoModeEnabled ? 0u : 4u);
+    EXPECT_EQ(platform.storeReview.reviewRequests, demoModeEnabled ? 0 : 1);
+    EXPECT_EQ(platform.alerts.presentCount, 0);
 }
 
 } // namespace

@@ -11,23 +11,8 @@ namespace {
 
 using Counting = RatingFixture;
 
-// What a first use stores shows in the tool's start-up outputs. An event can set
-// the date too; later uses and events keep it and write every count through at once.
-TEST_F(Counting, AnEventCanSetTheFirstUseDateAndLaterCountsKeepIt) {
-    store().setString(keys::kRatingPromptCurrentVersion, UKE_VERSION);
-    rating->incrementSignificantEventCount();
-    const double firstUse = now();
-    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), firstUse);
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 0);
-    platform.runLoop.shiftEpoch(5 * kDay);
-    rating->incrementUseCount();
-    rating->incrementSignificantEventCount();
-    EXPECT_DOUBLE_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), firstUse);
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptUseCount), 1);
-    EXPECT_EQ(store().integerForKey(keys::kRatingPromptSignificantEventCount), 2);
-    EXPECT_EQ(platform.memoryStore.synchronizeCount, 3);
-    EXPECT_TRUE(platform.log.lines.empty()) << "no log lines without debug";
-}
+// What a first use stores, and that later uses keep its date, are in the golden
+// screen outputs (a settings file run twice).
 
 // A user who rated, declined and asked for a reminder on the last version: the
 // first use or event of this one starts afresh, an event deliberately unlike a use
