@@ -1,8 +1,14 @@
 #include <gtest/gtest.h>
 
+#include "base/SettingsKeys.h"
 #include "base/SharedState.h"
+#include "rating/RatingPrompt.h"
 #include "support/RunningApp.h"
 #include "support/SyntheticPluck.h"
+#include <QNetworkInformation>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <thread>
 
 namespace uke {
 namespace {
@@ -44,34 +50,81 @@ TEST(TunerScreen, ArrowsAndTheInTuneLookAreWired) {
     EXPECT_NE(tunedColour, plainColour);
 }
 
-// The tick runs a hundred times a second, but a read-out that holds still (the same
-// block, or a new estimate inside the in-tune window) draws no frame at all.
-TEST(TunerScreen, DrawsOnlyWhenTheReadOutChanges) {
-    if (demoModeEnabled)
-        GTEST_SKIP() << "the demonstration picture never changes";
-    RunningApp r;
-    ASSERT_TRUE(r.started);
-    int frames = 0;
-    QObject::connect(r.window(), &QQuickWindow::frameSwapped, [&] { ++frames; });
-    const auto a4 = [](double hertz) { return test::syntheticPluck(hertz, 14039.0, 4096); };
-    const struct {
-        const char* what;
-        std::vector<int16_t> block;
-        bool changes;
-    } steps[] = {{"in tune", a4(440.0), true},
-                 {"the same block again", a4(440.0), false},
-                 {"another estimate in the window", a4(440.4), false},
-                 {"silence", std::vector<int16_t>(4096, 0), true}};
-    for (const auto& step : steps) {
-        frames = 0;
-        ASSERT_TRUE(r.capture->deliver(step.block)) << step.what;
-        test::settle(300);
-        EXPECT_EQ(frames > 0, step.changes) << step.what;
-        frames = 0;
-        test::settle(400);
-        EXPECT_EQ(frames, 0) << step.what << ": still drawing while nothing changes";
+// A read-out that holds still draws no frame: the tick says when it moved (the tick
+// tests), and what a frame too many costs is bench/app_cpu's to measure.
+
+using test::settleUntil;
+
+// Drawn over the tuner with the prompt's texts; the second button is "remind me
+// later" when the alert offers it and "no, thanks" when not.
+TEST(RatingAlert, ShowsThePromptAndReportsTheSecondButton) {
+    for (const bool later : {true, false}) {
+        RunningApp s;
+        ASSERT_TRUE(s.started);
+        EXPECT_FALSE(s.item("alert")->isVisible());
+        s.host->rating().forceShowPrompt(later);
+        QQuickItem* card = s.item("alertCard");
+        ASSERT_TRUE(settleUntil([&] { return card->opacity() == 1.0; })) << "the alert never faded in";
+        const QmlAlertPresenter* presented = s.host->alert();
+        EXPECT_EQ(s.text("alertTitle"), "Rate Ukulele Tuner");
+        EXPECT_EQ(s.text("alertMessage"), presented->message());
+        for (int i = 0; i < 3; ++i) {
+            QQuickItem* b = s.item(QString("alertButton%1").arg(i).toLatin1().constData());
+            EXPECT_EQ(b ? b->property("title").toString() : QString(), presented->buttons().value(i)) << i;
+        }
+        EXPECT_LE(card->width(), s.window()->width());
+        if (later)
+            test::saveForDocs(s.grab(), "rating-alert.png");
+        s.tap("alertButton1");
+        EXPECT_TRUE(settleUntil([&] { return !s.item("alert")->isVisible(); }));
+        EXPECT_EQ(s.stored(keys::kRatingPromptReminderRequestDate).isValid(), later);
+        EXPECT_EQ(s.stored(keys::kRatingPromptDeclinedToRate).toString() == "true", !later);
     }
-    EXPECT_EQ(r.host->tunerModel().LEDDisplay.image, "yellow64.png");
+}
+
+// A loopback server that keeps what the first client sends.
+struct LoopbackPage {
+    LoopbackPage() {
+        server.listen(QHostAddress::LocalHost, 0);
+        QObject::connect(&server, &QTcpServer::newConnection, [this] {
+            QTcpSocket* socket = server.nextPendingConnection();
+            QObject::connect(socket, &QTcpSocket::readyRead, [this, socket] { request += socket->readAll(); });
+        });
+    }
+    std::string url() const { return "http://127.0.0.1:" + std::to_string(server.serverPort()) + "/probe"; }
+    bool received() const { return request.contains("\r\n\r\n"); }
+    QTcpServer server;
+    QByteArray request;
+};
+
+// Asked for on the main thread or on a worker, the fetch runs on the main thread
+// and goes around any cache.
+TEST(QtNetworkProbe, FetchesThePageAroundAnyCacheFromAnyThread) {
+    test::ensureQtApp();
+    for (const bool onWorker : {false, true}) {
+        auto probe = makeQtNetworkProbe();
+        LoopbackPage page;
+        bool running = false;
+        const auto fetch = [&] { running = probe->startFetch(page.url(), 20.0); };
+        onWorker ? std::thread(fetch).join() : fetch();
+        EXPECT_TRUE(running) << onWorker;
+        ASSERT_TRUE(settleUntil([&] { return page.received(); })) << onWorker;
+        EXPECT_TRUE(page.request.startsWith("GET /probe HTTP/1.1\r\n")) << page.request.toStdString();
+        EXPECT_TRUE(page.request.contains("Cache-Control: no-cache")) << page.request.toStdString();
+    }
+}
+
+TEST(QtNetworkProbe, BadAddressesAndUnknownReachability) {
+    test::ensureQtApp();
+    auto probe = makeQtNetworkProbe();
+    EXPECT_FALSE(probe->startFetch("http://[::1", 20.0));
+    const auto flags = probe->reachabilityFlags();
+    QNetworkInformation* info = QNetworkInformation::instance();
+    if (!info || info->reachability() == QNetworkInformation::Reachability::Unknown) {
+        EXPECT_FALSE(flags.has_value()) << "no backend or no answer reads as unreadable flags";
+    } else {
+        EXPECT_TRUE(flags.has_value());
+    }
 }
 
 } // namespace
