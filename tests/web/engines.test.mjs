@@ -10,7 +10,7 @@ import path from 'node:path';
 import { after, before, describe, test } from 'node:test';
 import { setTimeout as sleep } from 'node:timers/promises';
 import { ENGINES, launch, loudest, missing, pitch, rms, serve, startDisplay, startPulse, until } from './engines.mjs';
-import { TOP, UKE, captureRateRecording } from './support.mjs';
+import { TOP } from './support.mjs';
 
 const PHONE = { width: 390, height: 844, deviceScaleFactor: 2, isMobile: true, hasTouch: true };
 // The device class comes from the screen, which not every engine emulates:
@@ -19,7 +19,6 @@ const PAGE = '/?device=phone-844';
 const SOUNDS = path.join(TOP, 'resources/sounds');
 // The standard tuning's strings, first to fourth, and the highlight each lights.
 const STRINGS = [['A4', '1st_string'], ['E4', '2nd_string'], ['C4', '3rd_string'], ['G4', '4th_string']];
-const BIN = 14039 / 32768;
 const scratch = fs.mkdtempSync(path.join(os.tmpdir(), 'uke-engines-'));
 let display, pulse, server, plucks;
 // A failed run keeps its folder: screenshots, the browsers' profiles.
@@ -145,46 +144,6 @@ for (const engine of ENGINES) {
         assert.ok(level > 0.02, `${sound.name}: level ${level.toFixed(4)}; the page logged:\n${page.console.slice(-10).join('\n')}`);
         assert.ok(sound.hz.some((hz) => Math.abs(f - hz) < hz * 0.01), `${sound.name}: heard ${f.toFixed(1)} Hz`);
       }
-      assert.deepEqual(await page.collectErrors(), []);
-    });
-
-    // The tool reads a recording at any rate through libsamplerate; where the
-    // browser does not join the microphone to a context at the capture rate
-    // (Firefox), the page hears through the capture worklet's resampler, in
-    // 128-frame quanta. That path is measured at the sound server's rate in every
-    // engine; at the capture rate the page runs the very core core.test.mjs holds
-    // to the tool block for block.
-    test('the page\'s estimates through its resampler against the desktop tool\'s', { skip: !fs.existsSync(UKE) && `no ${UKE}` }, async (t) => {
-      const rate = pulse.rate;
-      let count = 0, same = 0, worst = 0;
-      const off = [];
-      for (const [note] of STRINGS) {
-        const { wav, samples } = captureRateRecording(path.join(SOUNDS, `${note}.mp3`), scratch, rate);
-        const desktop = execFileSync(UKE, ['analyse', wav, '--blocks', '--format', 'json'], { encoding: 'utf8' })
-          .trim().split('\n').map((line) => JSON.parse(line).frequency);
-        // The running app's own listener, handed the blocks as the capture worklet would.
-        const estimates = await page.evaluate(async (samples, rate) => {
-          const { Blocker, Resampler } = await import(new URL('ports/resampler.js', location.href).href);
-          const resampler = new Resampler(rate, 14039), blocker = new Blocker(4096), heard = [];
-          for (let at = 0; at < samples.length; at += 128) {
-            const quantum = Float32Array.from(samples.slice(at, at + 128), (v) => v / 32768);
-            blocker.push(resampler.push(quantum), (block) => { window.uke.app.deliver(block); heard.push(window.uke.app.frequency()); });
-          }
-          return heard;
-        }, [...samples], rate);
-        // The worklet keeps a last, partial block.
-        assert.ok(Math.abs(estimates.length - desktop.length) <= 1, `${note}: ${estimates.length} blocks, the tool ${desktop.length}`);
-        // Blocks where the tool hears a note.
-        const both = desktop.slice(0, estimates.length).map((f, i) => [f, estimates[i]]).filter(([f]) => f > 0);
-        count += both.length;
-        both.forEach(([a, b], i) => {
-          if (Math.round(a / BIN) === Math.round(b / BIN)) same += 1;
-          else off.push(`${note} block ${i}: the tool ${a.toFixed(2)} Hz, the page ${b.toFixed(2)} Hz`);
-        });
-        worst = Math.max(worst, ...both.map(([a, b]) => Math.abs(a - b)));
-      }
-      t.diagnostic(`${rate} Hz resampled: ${same} of ${count} blocks with a note on the tool's bin, the largest difference ${worst.toFixed(4)} Hz`);
-      assert.ok(same === count && worst < BIN, `${rate} Hz: ${same} of ${count} on the same bin, ${worst.toFixed(4)} Hz apart at most; ${off.join('; ')}`);
       assert.deepEqual(await page.collectErrors(), []);
     });
 

@@ -5,7 +5,7 @@ import { LocalSettings, STORAGE_KEY } from '../../web/src/ports/settings.js';
 import { StringTables, chooseLanguage } from '../../web/src/ports/strings.js';
 import { Blocker, Resampler } from '../../web/src/ports/resampler.js';
 import path from 'node:path';
-import { TOP, captureRateRecording, loadCore, recordingHost } from './support.mjs';
+import { TOP, captureRateRecording, loadCore, recordingHost, withApp } from './support.mjs';
 
 class MemoryStorage {
   constructor(items = {}) { this.items = new Map(Object.entries(items)); this.full = false; }
@@ -20,15 +20,10 @@ class MemoryStorage {
 test('settings are stored with their types and survive a reload, through the core\'s typed reads', async () => {
   const core = await loadCore();
   const storage = new MemoryStorage();
-  const run = (fn) => {
-    const host = recordingHost({ settings: new LocalSettings(storage, () => {}) });
-    const app = new core.WebApp(host);
-    app.start();
+  const run = (fn) => withApp(core, (app) => {
     fn(app);
-    const changes = JSON.parse(app.changes());
-    app.delete();
-    return changes;
-  };
+    return JSON.parse(app.changes());
+  }, { settings: new LocalSettings(storage, () => {}) });
   run((app) => {
     app.act('tuner', 'setFrequencyValue', [442]);
     app.act('tuner', 'micSensitivity', [8]);

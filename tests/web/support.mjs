@@ -47,6 +47,19 @@ export function recordingHost(overrides = {}) {
   return host;
 }
 
+// The core's app on a recording host (with `overrides`), started, handed to `fn`
+// with its host, and deleted after.
+export function withApp(core, fn, overrides = {}) {
+  const host = recordingHost(overrides);
+  const app = new core.WebApp(host);
+  app.start();
+  try {
+    return fn(app, host);
+  } finally {
+    app.delete();
+  }
+}
+
 // Recordings made for one test file, gone when it ends.
 const made = fs.mkdtempSync(path.join(os.tmpdir(), 'uke-web-'));
 process.once('exit', () => fs.rmSync(made, { recursive: true, force: true }));
