@@ -128,12 +128,13 @@ const ImageView& TunerApp::shownHighlight() const {
     return idiom == Idiom::Pad ? tunerScreen_.tunedStringiPad : tunerScreen_.tunedString5;
 }
 
+// A pad's layout shows the larger lamp; the outlet and its name follow one rule.
+bool TunerApp::showsLargeLamp() const { return s_.device.idiom() == Idiom::Pad; }
+
 const ImageView& TunerApp::shownLamp() const {
-    return s_.device.idiom() == Idiom::Pad ? tunerScreen_.LEDDisplay128 : tunerScreen_.LEDDisplay;
+    return showsLargeLamp() ? tunerScreen_.LEDDisplay128 : tunerScreen_.LEDDisplay;
 }
 
-const char* TunerApp::shownLampOutlet() const {
-    return s_.device.idiom() == Idiom::Pad ? "LEDDisplay128" : "LEDDisplay";
-}
+const char* TunerApp::shownLampOutlet() const { return showsLargeLamp() ? "LEDDisplay128" : "LEDDisplay"; }
 
 } // namespace uke

@@ -102,6 +102,7 @@ public:
 
 private:
     void showWindow(const std::string& storyboard);
+    bool showsLargeLamp() const;
 
     Services s_;
     PitchSource& listener_;
