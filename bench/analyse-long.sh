@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Time and peak memory of `uke analyse` over a 1-minute and a 60-minute recording
 # at 44.1 kHz (a plucked A4 every 5 s, made with sox), with --tuning and with
 # --blocks. The recording is decoded as it is analysed, so the peak must not grow

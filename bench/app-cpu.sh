@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The whole app's CPU while a player tunes, against a bare `parecord` of the same
 # microphone: a plucked A4 every 2 s plays into the project's private PulseAudio
 # microphone, the app runs under Xvfb pinned to CPU 0, and after 5 s of warm-up

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the running app costs while a player tunes, against what listening alone
 // costs: the app and a bare `parecord` of the same microphone, one after the other,
 // each pinned to CPU 0 while a plucked A4 plays into the project's private

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A picker selection must redraw the board within the same user-interface turn:
 // the shape lookup, and the whole redraw with its two counter writes.
 #include <benchmark/benchmark.h>

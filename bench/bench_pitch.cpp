@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What one pitch estimate costs: the tuner asks for one every 10 ms.
 #include <benchmark/benchmark.h>
 #include <kiss_fftr.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the 10 ms tuner tick costs on the main thread: most ticks see the block the
 // previous one saw, and only a few change what the screen shows.
 #include <benchmark/benchmark.h>

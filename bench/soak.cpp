@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One hour of a player's virtual time with the whole core: plucks of every string
 // of the tuning in turn through the real listener, silences between them, every
 // string reached (so that each unmatched tick schedules its pair of delayed

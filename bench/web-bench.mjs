@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The browser app's budgets: what a first visit downloads (compressed), how soon
 // the first screen shows from a local server, how soon the first reading follows
 // the first tap, and the CPU Chromium spends while it tunes from a fake

@@ -1,3 +1,5 @@
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Writes OUTPUT, a C++ source holding every resources/i18n/*.ts file as a string,
 # so that the core and `uke` carry their string tables without reading files.
 file(GLOB TS_FILES "${TS_DIR}/*.ts")

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the sanitizer builds of the tests and the fuzz targets report, and what
 // they leave out. It is built into every test program and fuzz target, and into
 // `uke` in the sanitizer build (the golden outputs run it); outside a sanitizer

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The readers under test take a path: each input is written to a scratch file
 // of this process, in the fastest folder there is.

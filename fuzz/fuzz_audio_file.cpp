@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a recording: every format libsndfile and its MP3 decoder read.
 // The reader must answer with blocks or one reason, never crash, never
 // reserve memory a header asks for.

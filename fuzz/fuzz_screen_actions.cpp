@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any text as `uke screen` actions, one --do per line: refused with one line or
 // run to the end.
 #include <cstdint>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as the settings file: loaded, every key read back in every type,
 // and written again.
 #include <cstdint>

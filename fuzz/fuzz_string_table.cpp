@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any text as a Linguist string table: parsed, and every entry looked up.
 #include <cstdint>
 #include <string_view>

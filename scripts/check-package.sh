@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Checks the Debian package in dist/ as a player's machine would see it: the desktop
 # entry and AppStream data validate, the package installs with apt, the installed
 # programs work from /usr/bin in an empty folder, and removing it leaves nothing.

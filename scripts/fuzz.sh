@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the libFuzzer targets with Clang (address and undefined-behaviour
 # sanitizers on) and runs each for SECONDS (default 60) from its committed seed
 # corpus in fuzz/corpus/. New inputs go to a scratch folder, never into the

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what a part of the project needs, from Debian 12's packages. Safe to run
 # again: apt installs only what is missing.
 #   bash scripts/install-deps.sh                 the desktop app, its tools and tests

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Builds the app and writes its Debian package, dist/ukulele-tuner_VERSION_ARCH.deb.
 # Install it with: sudo apt install ./dist/*.deb
 # BUILD_DIR picks the build to package (default build-package); extra arguments go to CMake.

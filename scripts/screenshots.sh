@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Regenerates the tuner screenshots in docs/ from the built app.
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # For each string recording: the pitch the tuner's estimator reads in its second
 # block, and every tuning in which the replayed recording lights a string green.
 # Usage: scripts/sound-report.sh [path/to/uke]   (default build/tools/uke/uke)

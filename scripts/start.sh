@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is needed, builds, and starts the app. Arguments go to the app,
 # for example: scripts/start.sh --device pad-1194
 set -euo pipefail

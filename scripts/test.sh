@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is needed, builds with warnings as errors, and runs every test:
 # once in the normal build (which is then packed, installed and removed, and whose
 # tool checks the browser build's estimates), once in the demonstration-mode build and once under

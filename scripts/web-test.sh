@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Tests of the browser app (after scripts/web.sh has built it): the compiled core
 # and the page's ports in Node, then the page itself in the three engines players'
 # browsers are built on, from Debian's packages: Chromium and Firefox ESR driven by

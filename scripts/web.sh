@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The browser app: the core compiled to WebAssembly with Debian's emscripten, the
 # page's own JavaScript, art, layouts, texts and sounds, written to web/dist/.
 #   bash scripts/web.sh          installs what it needs and builds

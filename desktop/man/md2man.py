@@ -1,10 +1,14 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Turns the man pages' light Markdown into troff for man(7).
 
 The source is what people edit and review; the build writes the page. It knows
 what the pages use and no more: a title line (% NAME SECTION "DATE" "SOURCE"
 "MANUAL"), # sections, paragraphs, definition lists (a term line, then lines
-indented under ":   "), indented example blocks, **bold** and *italic*.
+indented under ":   "), indented example blocks, **bold** and *italic*. A line
+that is wholly an HTML comment (the copyright and licence tags) stays a comment
+in the page.
 @VERSION@ and @DATE@ are filled in from the arguments.
 
 usage: md2man.py SOURCE.md OUTPUT VERSION DATE
@@ -32,7 +36,10 @@ def convert(lines):
     i = 0
     while i < len(lines):
         line = lines[i]
-        if line.startswith("% "):
+        comment = re.fullmatch(r"<!--\s*(.*?)\s*-->", line)
+        if comment:
+            out.append('.\\" ' + comment.group(1))
+        elif line.startswith("% "):
             # Options and file names are not hyphenated, and lines are not stretched.
             out.append(".TH " + line[2:] + "\n.nh\n.ad l")
         elif line.startswith("# "):

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Draws the tuner screen's artwork as SVG files in resources/images/.
 
 Everything is drawn from code: the ukulele head, the string highlights laid

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes the chord screen's pictures into resources/images/ as SVG:
 
   fretboard.svg                       the standard chart's neck (the layout's own picture)

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes layouts.json: one description of sizes per layout name, read by the
 screens (which are written once). Sizes are in points and are chosen for the
 smallest screen that uses the layout; the screens centre them on larger ones.

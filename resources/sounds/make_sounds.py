@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Makes the tuner's reference recordings: one plucked ukulele string per note the
 tunings use ("A4.mp3", "FS4.mp3", ...) and the confirmation beep ("beep-full.mp3").
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One channel of floats to another sample rate, with libsamplerate's band-limited
 // converters. Desktop only: the browser has no libsamplerate, and its page

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A device's or a decoder's interleaved samples, in any of the usual formats, any
 // channel count and any rate, turned into what the listener takes: 16-bit mono at

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The listener: its capture queue's states, its level meter, and its estimate of
 // the stored buffer.
 #include <map>

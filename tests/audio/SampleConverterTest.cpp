@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A device's bytes to the listener's 16-bit mono at 14039 Hz, with no sound server:
 // what the microphone capture and the tool's reader both rely on.
 #include <cmath>

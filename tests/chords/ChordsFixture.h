@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The chord screen opened from the app's composition root on virtual ports, with a
 // scripted random source and a counted rating hook.

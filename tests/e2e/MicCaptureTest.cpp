@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The listener on the real capture path: a pluck played into a virtual microphone
 // comes through QAudioSource in whole 4096-sample blocks, on the capture thread,
 // and the estimate lands on the pluck's pitch.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The app's sounds heard on the speaker of the private PulseAudio server: a sample
 // (the confirmation beep) and the tuning fork's tone, from the running app and from
 // `uke tone --play`, measured by the tuner's own estimator on what the speaker played.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole tuner on real audio: plucks played into a virtual microphone reach the
 // running app through its capture path, light the right string and turn the lamp.
 #include <chrono>

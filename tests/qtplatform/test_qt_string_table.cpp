@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The app's compiled string tables (lrelease output in the resources) against
 // the Linguist sources they come from.
 #include <gtest/gtest.h>

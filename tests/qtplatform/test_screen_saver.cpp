@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The screen is kept lit while the tuner listens and its window shows, through the
 // desktop's services, here fakes on a private session bus.
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Links leave the app through the desktop: the store's own scheme goes to xdg-open,
 // and when nothing handles it the same page opens in the browser.
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The six note-naming systems over the tuner screen. Row 0 fills the language's
 // note formats, which every language has whole (the string table tests).
 #include <gtest/gtest.h>

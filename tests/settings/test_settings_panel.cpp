@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings and about panels of the tuner screen; their captions and texts, in
 // every language, are in the golden screen outputs.
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tuning-fork tone and the string samples as the tuner screen drives them.
 #include <gtest/gtest.h>
 

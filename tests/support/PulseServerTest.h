@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Base for test suites that need the private PulseAudio server: one server for the
 // whole program, started before the first such test and stopped when the program

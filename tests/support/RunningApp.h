@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The whole app started offscreen on one device class, with a settings file of
 // its own, and the means to look at and touch its window as a player would.

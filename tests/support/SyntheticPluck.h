@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A plucked string for tests and benchmarks: the first six harmonics at amplitudes
 // 1/n, each decaying faster than the one below it, like a nylon string.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The app's composition root on virtual ports, fresh per test, with a listener
 // whose level and estimate the test sets.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Recordings read for analysis; what `uke analyse` prints of them is pinned by the
 // tool's golden outputs.
 #include <cmath>

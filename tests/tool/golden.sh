@@ -1,4 +1,6 @@
 #!/usr/bin/env bash
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The tool's outputs must not move when the code behind them is reorganised: every
 # line of data/golden/commands.txt is run and its output and exit status compared
 # with NAME.out. `golden.sh UKE SOURCE_DIR --update` rewrites the expected files.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window as a desktop uses it: any size, the keyboard, and a screen reader.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings and about panels driven through the window, as a player drives
 // them, and the pictures of them for the docs.
 #include <gtest/gtest.h>

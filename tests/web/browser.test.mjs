@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page in Debian's Chromium, hearing a recorded pluck through the browser's
 // fake microphone: what only Chromium can emulate or intercept (the screens of
 // phones and tablets, a core held back until the first tap, going offline

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The compiled core in Node: the same estimates as the desktop's, and the few
 // things the browser build adds around it.
 import assert from 'node:assert/strict';

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page in the three engines players' browsers are built on — Chromium,
 // Firefox (Gecko) and WebKitGTK (Safari's engine) — each with a window on a
 // private X display and its sound on a private PulseAudio server: a microphone

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page in Chromium, Firefox and WebKit, each hearing plucks through a
 // PulseAudio microphone and playing into a PulseAudio speaker that is recorded:
 // the sound goes through each browser's own capture and output, as on a

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page's ports on their own, with stand-ins for the browser's objects.
 import assert from 'node:assert/strict';
 import { test } from 'node:test';

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the web tests share: the built page's folder, the compiled core on a
 // recording host, and capture-rate recordings made with sox.
 import { execFileSync } from 'node:child_process';

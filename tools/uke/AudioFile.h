@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Recordings as the listener would have captured them: mono, 16-bit, at the
 // capture rate, cut into capture-buffer blocks, decoded a piece at a time as the

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // `uke chord`: one authored chord shape, as the chord screen would show it.
 #include "Args.h"
 #include "ChordDiagram.h"

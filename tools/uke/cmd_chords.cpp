@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // `uke chords`: a whole chord chart, roots down and chord types across.
 #include <algorithm>
 

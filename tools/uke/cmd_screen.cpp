@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // `uke screen`: the app's start-up and the tuner screen on virtual ports, a
 // script of user actions, then every outlet, log line and stored key.
 #include <filesystem>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the page's JavaScript sees of the core: one class, WebApp.
 #include <emscripten/bind.h>
 

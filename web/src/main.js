@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Starts the app in the page: reads what the build wrote, gives the core its
 // ports, lets it build the window, and from then on carries the player's actions
 // in and the screens' changes out.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Keeps the whole app on the device: at install every file of this build is
 // cached, and from then on the page loads from the cache, with or without a
 // network. A new build has a new cache name (written in by the build), so the

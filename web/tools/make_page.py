@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes the page's files into the web build's output folder, beside the compiled
 core: the page's own sources, the art (the SVG sources themselves), the sounds,
 layouts and geometry, one string table per language made from the translation

@@ -1,4 +1,6 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 Morvane Labs
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Serves a folder on 127.0.0.1 with the types a web app needs (WebAssembly,
 manifest, modules), never caching, so a rebuilt page is what the next load gets."""
 import argparse, functools, http.server, sys

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Microphone capture on Qt Multimedia, for the listener's recording queue.
 #include <memory>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reference tone's output stream: a QAudioSink in pull mode on a thread of its
 // own, so that a busy interface thread never starves the speaker.
 #include <QAudioDevice>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/qt/QtSettingsStore.h"
 
 #include <QDateTime>

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sound files (string samples, the beep): decoded once with libsndfile and played
 // through an audio sink of their own. A media player would bring a whole
 // GStreamer pipeline (some 5 MB and a plugin scan) into the process for half a

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The smaller ports: links, the network probe and keeping the screen lit.
 
 // Store links name the store app's scheme; a browser opens the same page over https,

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The capture's audio thread: the microphone at the context's rate in, capture
 // blocks at the tuner's rate out, posted to the page.
 import { Blocker, Resampler } from './resampler.js';

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The microphone: getUserMedia into an AudioContext, blocks cut by the capture
 // worklet, handed to the core's listener. Browsers open a microphone only after
 // the player has touched the page, so it opens at the first touch.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Moves the core's clock on the page's timers. The core ticks every 10 ms, but a
 // tick only draws something new after a new block or an action: between those it
 // would draw the same again. So the page wakes only when something can happen,

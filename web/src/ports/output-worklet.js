@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tone's audio thread: plays the core's frames from a queue and asks the
 // page for more while less than LEAD frames wait.
 const LEAD = 4096;

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reference tone: a worklet at 44100 Hz plays frames the core's render step
 // makes, asking for more before it runs out.
 export const OUTPUT_RATE = 44100;

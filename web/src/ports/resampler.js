@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Turns the audio context's rate into the capture rate the tuner is calibrated
 // on (14039 Hz) and cuts the result into capture blocks of 16-bit samples. Used
 // inside the capture worklet; kept free of any audio API so it can be tested alone.

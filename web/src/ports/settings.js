@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings store's backend in the page: every value in one localStorage item,
 // each with its type ([tag, value]: "b" boolean, "i" integer, "d" number, "s" text),
 // which a plain JavaScript number would lose. The core's typed accessors read them.

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The recorded string sounds and the confirmation beep: the same MP3 files as the
 // desktop's, fetched and decoded once, each play a new source on one context.
 export class SoundPlayers {

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The app's string tables in the page, made from the translation sources at build
 // time (web/tools/make_page.py): {context: {source: translation}} per language.
 

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 import { el, setStyle } from './dom.js';
 
 // The app's own alert (the rating prompt's), over whatever screen is showing.

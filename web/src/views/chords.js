@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 import { el, iconButton, outletImage, outletText, setStyle } from './dom.js';
 import { createWheel } from './wheel.js';
 

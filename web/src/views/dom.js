@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small helpers the screens share. Every length here is in the layout's points:
 // the stage is exactly the device class's size and is scaled as a whole, so a
 // point is one CSS pixel inside it.

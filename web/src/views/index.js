@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 import { el } from './dom.js';
 import { createTuner } from './tuner.js';
 import { createSettings } from './settings-sheet.js';

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 import { el } from './dom.js';
 
 // A panel over the tuner screen: it slides up from the bottom on a phone and sits

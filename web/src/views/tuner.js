@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 import { el, fill, iconButton, outletImage, outletText, setStyle } from './dom.js';
 
 // The tuner screen: title row, read-out, the instrument's head with its rings and

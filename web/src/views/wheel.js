@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 import { el, setStyle } from './dom.js';
 
 // A picker wheel as a phone draws one: five rows show and the middle one is the
