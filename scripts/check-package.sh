@@ -47,8 +47,11 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
 export HOME=$work
-/usr/bin/uke --version | grep -qx "uke [0-9.]*" || fail "uke --version"
-/usr/bin/ukulele-tuner --version | grep -qx "ukulele-tuner [0-9.]*" || fail "ukulele-tuner --version"
+for program in uke ukulele-tuner; do
+  /usr/bin/$program --version > version.txt
+  grep -qx "$program [0-9.]*" version.txt || fail "$program --version gives no version"
+  grep -q "^License GPL-3.0-or-later" version.txt || fail "$program --version does not name the licence"
+done
 /usr/bin/uke analyse /usr/share/ukulele-tuner/sounds/A4.mp3 --tuning 1 --format json > a4.json
 grep -q '"A4"' a4.json || fail "uke analyse of the installed A4 recording did not show A4"
 # Started as the menu entry starts it.

@@ -74,7 +74,9 @@ int parse(const QStringList& arguments, CommandLine& cl) {
         return 0;
     }
     if (p.isSet(version)) {
-        std::printf("ukulele-tuner %s\n", UKE_VERSION);
+        std::printf("ukulele-tuner %s\n"
+                    "License GPL-3.0-or-later: GNU GPL version 3 or later <https://gnu.org/licenses/gpl.html>\n",
+                    UKE_VERSION);
         return 0;
     }
     if (p.isSet(device)) {

@@ -76,7 +76,8 @@ int run(const Words& words, std::ostream& out, std::ostream& err) {
         return 0;
     }
     if (words[0] == "--version") {
-        out << "uke " << UKE_VERSION << "\n";
+        out << "uke " << UKE_VERSION << "\n"
+            << "License GPL-3.0-or-later: GNU GPL version 3 or later <https://gnu.org/licenses/gpl.html>\n";
         return 0;
     }
     const auto it = std::find_if(kCommands.begin(), kCommands.end(),
