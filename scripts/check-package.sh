@@ -2,8 +2,9 @@
 # SPDX-FileCopyrightText: 2026 Morvane Labs
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Checks the Debian package in dist/ as a player's machine would see it: the desktop
-# entry and AppStream data validate, the package installs with apt, the installed
-# programs work from /usr/bin in an empty folder, and removing it leaves nothing.
+# entry and AppStream data validate, lintian finds nothing, the package installs
+# with apt, the installed programs work from /usr/bin in an empty folder, and
+# removing it leaves nothing.
 # Needs root (or sudo): it really installs and removes the package.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -22,6 +23,14 @@ fail() { echo "check-package: $*" >&2; exit 1; }
 
 desktop-file-validate "desktop/$ID.desktop"
 appstreamcli validate --no-net "desktop/$ID.metainfo.xml"
+# Debian's own checks, every tag down to the pedantic ones: any line lintian prints
+# is a tag that is not overridden (the overrides and their reasons are in
+# desktop/lintian-overrides). It unpacks the package in a folder of its own, so it
+# may run as root.
+allow_root=()
+[ "$(id -u)" -ne 0 ] || allow_root=(--allow-root)
+tags=$(lintian -I --pedantic "${allow_root[@]}" "$deb" 2>&1) || true
+[ -z "$tags" ] || fail "lintian:"$'\n'"$tags"
 
 DEBIAN_FRONTEND=noninteractive $SUDO apt-get -o DPkg::Lock::Timeout=600 install -y -q --no-install-recommends "$deb" >/dev/null
 files=$(dpkg -L ukulele-tuner)

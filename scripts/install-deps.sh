@@ -18,7 +18,7 @@ DESKTOP=(
   libkissfft-dev libsndfile1-dev libsamplerate0-dev
   libgtest-dev libgmock-dev libbenchmark-dev clang libfuzzer-14-dev
   pulseaudio pulseaudio-utils sox libsox-fmt-mp3 lame xvfb xauth imagemagick
-  librsvg2-bin desktop-file-utils appstream dpkg-dev file man-db time
+  librsvg2-bin desktop-file-utils appstream dpkg-dev file man-db time lintian reuse
 )
 WEB=(emscripten python3 cmake ninja-build librsvg2-bin dpkg-dev xz-utils)
 WEB_TEST=(

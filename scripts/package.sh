@@ -8,10 +8,12 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 # A build of its own leaves the tests and benchmarks out; a given one (CI packs the
-# build it has just tested) is packed as it is.
+# build it has just tested, with Debian's hardening flags) is packed as it is.
 if [ -z "${BUILD_DIR:-}" ]; then
   BUILD_DIR=build-package
-  set -- -DUKE_BUILD_TESTS=OFF -DUKE_BUILD_BENCH=OFF "$@"
+  flag() { DEB_BUILD_MAINT_OPTIONS=hardening=+all dpkg-buildflags --get "$1"; }
+  set -- -DUKE_BUILD_TESTS=OFF -DUKE_BUILD_BENCH=OFF -DCMAKE_CXX_FLAGS="$(flag CPPFLAGS) $(flag CXXFLAGS)" \
+    -DCMAKE_EXE_LINKER_FLAGS="$(flag LDFLAGS)" -DCMAKE_SHARED_LINKER_FLAGS="$(flag LDFLAGS)" "$@"
 fi
 # The tested configuration, stripped when packed: what ships is what the tests ran.
 cmake -S . -B "$BUILD_DIR" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DUKE_WITH_QT=ON "$@"

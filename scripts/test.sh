@@ -9,12 +9,20 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
+# Every file names its copyright holder and licence (SPDX tags, or .reuse/dep5).
+reuse lint
 export QT_QPA_PLATFORM=offscreen
-BUILD_DIR=build scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF
+# The build that is tested and then packed gets Debian's hardening flags (fortified
+# functions, stack protector, read-only relocations bound at start), so the tests
+# run what ships; the sanitizer and fuzz builds below keep their own flags.
+flag() { DEB_BUILD_MAINT_OPTIONS=hardening=+all dpkg-buildflags --get "$1"; }
+HARDENED=(-DCMAKE_CXX_FLAGS="$(flag CPPFLAGS) $(flag CXXFLAGS)"
+  -DCMAKE_EXE_LINKER_FLAGS="$(flag LDFLAGS)" -DCMAKE_SHARED_LINKER_FLAGS="$(flag LDFLAGS)")
+BUILD_DIR=build scripts/build.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF "${HARDENED[@]}"
 (cd build && ctest --output-on-failure --timeout 300 -j2)
-# The build just tested, packed as the Debian package, installed, run from /usr/bin
-# in an empty folder and removed again.
-BUILD_DIR=build scripts/package.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF
+# The build just tested, packed as the Debian package, checked by lintian, installed,
+# run from /usr/bin in an empty folder and removed again.
+BUILD_DIR=build scripts/package.sh -DUKE_WITH_QT=ON -DUKE_WERROR=ON -DUKE_DEMO_MODE=OFF "${HARDENED[@]}"
 scripts/check-package.sh
 # The browser app: the same core as WebAssembly (its estimates checked against the
 # build just tested), the page's ports, and the page in Chromium, Firefox ESR and WebKitGTK.
