@@ -39,6 +39,44 @@ SOURCES
   cp -r "$apt_dir"/src/kissfft-*/. "$KISSFFT_DIR/"
 fi
 
+# What the page ships under which licence: the app's own, and KISS FFT's notice and
+# licence text from the source package, since its code is compiled into core.wasm.
+# Written before the build so that build.json lists it and the service worker keeps
+# it; when it changes, the page's step runs again and the cache gets a new name.
+licenses=$(mktemp)
+{
+  echo "Ukulele Tuner, the browser app"
+  echo "Copyright 2026 Morvane Labs"
+  echo "License GPL-3.0-or-later: GNU GPL version 3 or later <https://gnu.org/licenses/gpl.html>"
+  echo
+  echo "This program is free software: you can redistribute it and/or modify it under"
+  echo "the terms of the GNU General Public License as published by the Free Software"
+  echo "Foundation, either version 3 of the License, or (at your option) any later"
+  echo "version. It is distributed WITHOUT ANY WARRANTY. The licence's full text"
+  echo "follows at the end of this file."
+  echo
+  echo "------------------------------------------------------------------------------"
+  echo "KISS FFT $(dpkg-parsechangelog -l "$KISSFFT_DIR/debian/changelog" -S Version) (kiss_fft.c, kiss_fftr.c),"
+  echo "compiled into core.wasm"
+  echo
+  cat "$KISSFFT_DIR/COPYING"
+  echo
+  # The licence text without its SPDX preamble and its blank copyright template.
+  sed -e '1,/^License-Text:/d' -e '/<year> <owner>/d' "$KISSFFT_DIR/LICENSES/BSD-3-Clause" | sed '/./,$!d'
+  echo
+  echo "------------------------------------------------------------------------------"
+  echo "GNU General Public License, version 3"
+  echo
+  cat LICENSE
+} | cat -s > "$licenses"
+mkdir -p web/dist
+if ! cmp -s "$licenses" web/dist/licenses.txt; then
+  mv "$licenses" web/dist/licenses.txt
+  rm -f "$BUILD/web/page.stamp"
+else
+  rm -f "$licenses"
+fi
+
 if [ ! -f "$BUILD/build.ninja" ]; then
   emcmake cmake -S . -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=Release -DUKE_WITH_QT=OFF \
     -DUKE_BUILD_TESTS=OFF -DUKE_BUILD_BENCH=OFF -DUKE_KISSFFT_SOURCE="$KISSFFT_DIR" >/dev/null

@@ -4,7 +4,7 @@ import { el, outletText } from './dom.js';
 import { createSheet } from './sheet.js';
 
 // The about panel: two texts from the string tables, a button that asks for a
-// rating and one that opens the maker's site.
+// rating, one that opens the maker's site, and the licence line.
 export function createAbout(v) {
   const { ctx, lay, u } = v;
   const tr = (s) => ctx.tr('AboutSheet', s);
@@ -23,6 +23,13 @@ export function createAbout(v) {
     text('aboutMsg2', { class: 'about-text muted', style: { fontSize: font * 0.9 } }),
     el('div', { style: { height: 4 * u } }),
     button('reviewButton', tr('Rate the app'), true, 'reviewQuenby'),
-    button('makerButton', tr('Visit the maker'), false, 'redirectToMorvaneLabs')));
+    button('makerButton', tr('Visit the maker'), false, 'redirectToMorvaneLabs'),
+    // Opens the licences of the app and of KISS FFT, which is compiled into the
+    // core (scripts/web.sh writes the file). Names and a licence identifier read
+    // the same in every language, so the line needs no translation.
+    el('a', {
+      class: 'about-text about-licence', 'data-name': 'licenceLink', href: 'licenses.txt', target: '_blank',
+      rel: 'noopener', text: '\u00a9 2026 Morvane Labs \u00b7 GPL-3.0-or-later', style: { fontSize: font * 0.8 },
+    })));
   return sheet;
 }
