@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "chords/ChordsViewController.h"
 
 #include <random>
@@ -112,7 +114,7 @@ void ChordsViewController::didSelectRow(int64_t tag, long row) {
 }
 
 long ChordsViewController::bumpCounter(const char* key) {
-    const long next = s_.settings.integerForKey(key) + 1;
+    const long next = countedOnce(s_.settings.integerForKey(key));
     s_.settings.setInteger(key, next);
     s_.settings.synchronize();
     return next;

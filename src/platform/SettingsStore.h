@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include <optional>
 #include <string>
@@ -36,8 +38,15 @@ public:
     void setString(const std::string& key, const std::string& v) { setValue(key, SettingValue{v}); }
 };
 
+// A stored number as a whole number: truncated toward zero, beyond the range of
+// `long` the nearest end of it, not-a-number 0.
+long wholeNumber(double d);
+// A stored count plus one, which stays at the end of the range rather than wrap.
+long countedOnce(long count);
+
 // Text form used by file-backed stores and by `uke screen`: booleans as true/false,
-// integers plainly, doubles with 17 significant digits.
+// integers plainly, doubles in the fewest digits that read back the same, and text
+// as it is unless it would read back as something else, then quoted.
 std::string settingToText(const SettingValue& v);
 // Reads back what settingToText wrote.
 SettingValue settingFromText(const std::string& text);

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "rating/RatingPrompt.h"
 
 #include <charconv>
@@ -154,14 +156,14 @@ void RatingPrompt::count(Counter counter) {
     debugLog("RATINGPROMPT Tracking version: " + trackingVersion);
 
     if (trackingVersion == version) {
-        if (st.doubleForKey(keys::kRatingPromptFirstUseDate) == 0.0)
+        if (storedDate(keys::kRatingPromptFirstUseDate) == 0.0)
             st.setDouble(keys::kRatingPromptFirstUseDate, s_.runLoop.now());
         if (counter == Counter::Uses) {
-            const long uses = st.integerForKey(keys::kRatingPromptUseCount) + 1;
+            const long uses = countedOnce(st.integerForKey(keys::kRatingPromptUseCount));
             st.setInteger(keys::kRatingPromptUseCount, uses);
             debugLog("RATINGPROMPT Use count: " + std::to_string(uses));
         } else {
-            const long events = st.integerForKey(keys::kRatingPromptSignificantEventCount) + 1;
+            const long events = countedOnce(st.integerForKey(keys::kRatingPromptSignificantEventCount));
             st.setInteger(keys::kRatingPromptSignificantEventCount, events);
             debugLog("RATINGPROMPT Significant event count: " + std::to_string(events));
         }
@@ -196,20 +198,28 @@ void RatingPrompt::incrementSignificantEventAndRate(bool canPromptForRating) {
         showRatingAlert(true);
 }
 
+double RatingPrompt::storedDate(const std::string& key) const {
+    // A date that cannot have happened (before 1970, after now, or not a number)
+    // reads as unset: a damaged first use starts afresh at the next use, and a
+    // damaged reminder does not hold the prompt back for ever.
+    const double date = s_.settings.doubleForKey(key);
+    return date >= 0.0 && date <= s_.runLoop.now() ? date : 0.0;
+}
+
 bool RatingPrompt::ratingConditionsHaveBeenMet() const {
     if (debug_)
         return true;
     const SettingsStore& st = s_.settings;
     const double now = s_.runLoop.now();
 
-    const double sinceFirstUse = now - st.doubleForKey(keys::kRatingPromptFirstUseDate);
+    const double sinceFirstUse = now - storedDate(keys::kRatingPromptFirstUseDate);
     if (sinceFirstUse < daysUntilPrompt_ * kSecondsPerDay)
         return false;
     if (st.integerForKey(keys::kRatingPromptUseCount) < usesUntilPrompt_)
         return false;
     if (st.integerForKey(keys::kRatingPromptSignificantEventCount) < significantEventsUntilPrompt_)
         return false;
-    const double sinceReminder = now - st.doubleForKey(keys::kRatingPromptReminderRequestDate);
+    const double sinceReminder = now - storedDate(keys::kRatingPromptReminderRequestDate);
     if (sinceReminder < timeBeforeReminding_ * kSecondsPerDay)
         return false;
     return true;

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include <memory>
 #include <mutex>
@@ -135,6 +137,7 @@ private:
     enum class Counter { Uses, SignificantEvents };
 
     void count(Counter counter);
+    double storedDate(const std::string& key) const;
     // Hands `task` from a worker back to the main thread, unless the prompt has gone.
     RunLoop::Task toMainThread(RunLoop::Task task);
     std::string text(const std::optional<std::string>& custom, const char* key) const;

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/SettingsPanel.h"
 
 #include <algorithm>
@@ -17,9 +19,22 @@ void SettingsPanel::applyOnAppearance() {
         ResetToFactorySettings();
 
     const long calibration = settings_.integerForKey(keys::savedA4Calibration);
-    screen_.setFrequencyValueStepper.value = static_cast<double>(calibration);
-    screen_.calibrationFrequencyValue.text = format("%02lu", static_cast<unsigned long>(calibration));
+    showCalibration(calibration);
     state_.targets.recompute(static_cast<double>(calibration));
+}
+
+namespace {
+// Like the real controls, a slider or stepper holds only values inside its range,
+// whatever the store says; the stored value itself is used as it stands.
+void setInRange(Slider& slider, double value) { slider.value = std::clamp(value, slider.minimum, slider.maximum); }
+void setInRange(Stepper& stepper, double value) {
+    stepper.value = std::clamp(value, stepper.minimum, stepper.maximum);
+}
+} // namespace
+
+void SettingsPanel::showCalibration(long hz) {
+    setInRange(screen_.setFrequencyValueStepper, static_cast<double>(hz));
+    screen_.calibrationFrequencyValue.text = format("%02lu", static_cast<unsigned long>(hz));
 }
 
 void SettingsPanel::ApplyPersistedSettings() {
@@ -44,15 +59,14 @@ void SettingsPanel::ApplyPersistedSettings() {
     if (fork == 1)
         state_.soundNotificationOn = false;
 
-    screen_.calibrationFrequencyValue.text = format("%02lu", static_cast<unsigned long>(calibration));
-    screen_.setFrequencyValueStepper.value = static_cast<double>(calibration);
+    showCalibration(calibration);
     state_.a4Calibration = calibration;
 
     // The thresholds keep their start values until the slider moves.
-    state_.micSensitivityValue = static_cast<long>(st.floatForKey(keys::savedSliderValue));
-    screen_.micSensitivitySlider.value = static_cast<double>(state_.micSensitivityValue);
+    state_.micSensitivityValue = wholeNumber(st.floatForKey(keys::savedSliderValue));
+    setInRange(screen_.micSensitivitySlider, static_cast<double>(state_.micSensitivityValue));
 
-    st.setInteger(keys::numberOfRuns, st.integerForKey(keys::numberOfRuns) + 1);
+    st.setInteger(keys::numberOfRuns, countedOnce(st.integerForKey(keys::numberOfRuns)));
     st.synchronize();
 }
 
@@ -70,8 +84,8 @@ void SettingsPanel::ResetToFactorySettings() {
 void SettingsPanel::micSensitivity(float sliderValue) {
     // The step in use now comes from the raw reading, the stored one from the
     // snapped value: a release at 4.6 uses step 4 and stores 5.
-    state_.micSensitivityValue = static_cast<long>(sliderValue);
-    screen_.micSensitivitySlider.value = std::round(static_cast<double>(sliderValue));
+    state_.micSensitivityValue = wholeNumber(sliderValue);
+    setInRange(screen_.micSensitivitySlider, std::round(static_cast<double>(sliderValue)));
     settings_.setInteger(keys::savedSliderValue, static_cast<long>(screen_.micSensitivitySlider.value));
     settings_.synchronize();
     if (static_cast<unsigned long>(state_.micSensitivityValue) <= 10) {

@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 Morvane Labs
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include <string>
 
@@ -37,6 +39,7 @@ public:
 private:
     void ApplyPersistedSettings();
     void ResetToFactorySettings();
+    void showCalibration(long hz);
 
     SettingsStore& settings_;
     const StringTable& strings_;

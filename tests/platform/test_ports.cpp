@@ -37,11 +37,22 @@ TEST(SettingsStore, TypingRulesOfTheStore) {
     EXPECT_TRUE(s.keys().empty());
 }
 
-TEST(SettingsStore, TextFormKeepsTypes) {
-    for (const SettingValue& v : {SettingValue{true}, SettingValue{false}, SettingValue{440L}, SettingValue{-3L},
-                                  SettingValue{1700000000.25}, SettingValue{2.0}, SettingValue{std::string("1.0.0")}}) {
-        EXPECT_EQ(settingFromText(settingToText(v)), v) << settingToText(v);
-    }
+// Through a settings file written and read again, text stays the same text whatever
+// it looks like and a number stays a number.
+TEST(SettingsStore, ValuesComeBackFromTheFileAsTheyWent) {
+    using namespace std::string_literals;
+    const SettingValue values[] = {true,     false,    440L,     -3L,         1700000000.25, 2.0,       1.1,
+                                   "1.0.0"s, "1.10"s,  "1.0"s,   "007"s,      "1e3"s,        "nan"s,    ""s,
+                                   "true"s,  " pad "s, "a\nb"s, "\"q\"\\"s, "\"1.0"s};
+    const std::string path = ::testing::TempDir() + "round-trip.ini";
+    IniFileSettingsStore written(path), read(path);
+    for (size_t i = 0; i < std::size(values); ++i)
+        written.setValue(std::to_string(i), values[i]);
+    written.synchronize();
+    std::string error;
+    ASSERT_TRUE(read.load(error)) << error;
+    for (size_t i = 0; i < std::size(values); ++i)
+        EXPECT_EQ(read.value(std::to_string(i)), values[i]) << settingToText(values[i]);
 }
 
 // The settings file (read, written back, refused when damaged) is pinned by the tool's golden outputs.

@@ -19,8 +19,26 @@
 namespace uke {
 namespace {
 
-// Values keep their types through the file in the store's text form (the platform
-// tests); a file read back is in the damaged and unwritable file tests below.
+// Text that looks like a number (or holds the file's own separators) is the same
+// text after a relaunch, and a number still a number.
+TEST(QtSettingsStore, ValuesComeBackAfterARelaunchAsTheyWent) {
+    using namespace std::string_literals;
+    const SettingValue values[] = {true,    440L,    1.1,     "1.10"s, "1.0"s, "007"s,  "1e3"s,
+                                   "nan"s,  ""s,     "true"s, "a,b"s,  "x=y"s, "[s]"s, ";c"s};
+    QTemporaryDir dir;
+    RecordingLog log;
+    {
+        QtSettingsStore written(dir.filePath("settings.ini"), log);
+        for (size_t i = 0; i < std::size(values); ++i)
+            written.setValue("k" + std::to_string(i), values[i]);
+        written.synchronize();
+    }
+    QtSettingsStore read(dir.filePath("settings.ini"), log);
+    for (size_t i = 0; i < std::size(values); ++i)
+        EXPECT_EQ(read.value("k" + std::to_string(i)), values[i]) << settingToText(values[i]);
+    EXPECT_TRUE(log.lines.empty());
+}
+
 TEST(QtSettingsStore, DamagedFileIsKeptAsideAndTheStoreStartsEmpty) {
     QTemporaryDir dir;
     const QString path = dir.filePath("settings.ini");

@@ -1,5 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Morvane Labs
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <cmath>
+#include <limits>
+
 #include "RatingFixture.h"
 #include "base/SettingsKeys.h"
 #include "support/TunerFixture.h"
@@ -101,6 +104,25 @@ TEST_F(Network, UnreadableFlagsLogAndAnswerNo) {
     EXPECT_TRUE(platform.network.fetched.empty());
     rating->tryToShowPrompt();
     EXPECT_EQ(platform.alerts.presentCount, 0);
+    // Readable flags wake the connection with one fetch that gives up after 20 s.
+    platform.network.flags = NetworkProbe::Flags{true, false, false};
+    EXPECT_TRUE(rating->connectedToNetwork());
+    EXPECT_EQ(platform.network.fetched, std::vector<std::string>{UKE_PROBE_URL});
+    EXPECT_EQ(platform.network.lastTimeout, 20.0);
+}
+
+// A date that cannot have happened (a damaged or hand-edited file) counts as unset:
+// it neither holds the prompt back for ever nor stops the next use from dating it.
+TEST_F(Conditions, DatesThatCannotHaveHappenedReadAsUnset) {
+    for (const double date : {1e30, std::numeric_limits<double>::infinity(), -1.0, std::nan("")}) {
+        SCOPED_TRACE(date);
+        seedMet();
+        store().setDouble(keys::kRatingPromptReminderRequestDate, date);
+        EXPECT_TRUE(met());
+        store().setDouble(keys::kRatingPromptFirstUseDate, date);
+        rating->incrementUseCount();
+        EXPECT_EQ(store().doubleForKey(keys::kRatingPromptFirstUseDate), now());
+    }
 }
 
 using Alert = RatingFixture;
@@ -162,14 +184,13 @@ TEST_F(Alert, ThePlatformRequestComesFirstThenTheStoreOrElseItsSheet) {
     rating->rateApp();
     EXPECT_EQ(platform.urls.opened.size(), 2u);
 
-    // The store address by system version.
-    const std::string path = "/WebObjects/MZStore.woa/wa/viewContentsUserReviews";
-    const std::string reviews = "itms-apps://" UKE_STORE_HOST + path;
-    // The oldest page is on a host of its own.
-    const std::string before7 = "itms-apps://" UKE_LEGACY_REVIEW_HOST + path + "?type=Purple+Software&id=123456";
-    const std::string on7 = "itms-apps://" UKE_STORE_HOST "/app/id123456";
-    const std::string from8 =
-        reviews + "?id=123456&onlyLatestVersion=true&pageNumber=0&sortOrdering=1&type=Purple+Software";
+    // The store address by system version, written out: the oldest page is on a
+    // host of its own.
+    const std::string before7 = "itms-apps://reviews.itunes.apple.com/WebObjects/MZStore.woa/wa/"
+                                "viewContentsUserReviews?type=Purple+Software&id=123456";
+    const std::string on7 = "itms-apps://itunes.apple.com/app/id123456";
+    const std::string from8 = "itms-apps://itunes.apple.com/WebObjects/MZStore.woa/wa/viewContentsUserReviews"
+                              "?id=123456&onlyLatestVersion=true&pageNumber=0&sortOrdering=1&type=Purple+Software";
     const std::pair<const char*, std::string> cases[] = {
         {"6.1.3", before7}, {"6.9", before7}, {"7.0", on7},      {"7.1.2", on7},
         {"8.0", from8},     {"17.4", from8},  {"junk", before7},

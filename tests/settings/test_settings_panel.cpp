@@ -4,6 +4,9 @@
 // every language, are in the golden screen outputs.
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <tuple>
+
 #include "base/SettingsKeys.h"
 #include "support/TunerFixture.h"
 
@@ -38,6 +41,31 @@ TEST_F(SettingsPanel, SliderSnapsStoresAndSetsTheThresholds) {
         EXPECT_EQ(platform.memoryStore.synchronizeCount, syncs + 1);
         EXPECT_EQ(state.bottomLimit, c.bottom);
         EXPECT_EQ(state.topLimit, c.top);
+    }
+}
+
+// Whatever a damaged or hand-edited file holds, every control stays inside its
+// range and no conversion is undefined (the sanitizer builds run this): the step in
+// use is the stored number as it stands (above 10 it changes no threshold), the
+// slider and stepper show the nearest value they can, and a count stays at its end.
+TEST_F(SettingsPanel, StoredValuesOutOfRangeKeepEveryControlInItsRange) {
+    constexpr long kMax = std::numeric_limits<long>::max(), kMin = std::numeric_limits<long>::min();
+    const std::tuple<const char*, long, double, double> cases[] = {
+        {"1e30", kMax, 10.0, 466.0}, {"inf", kMax, 10.0, 466.0},  {"99", 99, 10.0, 415.0},
+        {"nan", 0, 0.0, 415.0},      {"-inf", kMin, 0.0, 415.0}, {"-1e30", kMin, 0.0, 415.0},
+    };
+    launch();
+    for (const auto& [text, step, slider, stepper] : cases) {
+        SCOPED_TRACE(text);
+        platform.memoryStore.setValue(keys::savedSliderValue, settingFromText(text));
+        platform.memoryStore.setValue(keys::savedA4Calibration, settingFromText(text));
+        platform.memoryStore.setInteger(keys::numberOfRuns, kMax);
+        controller->viewWillAppear();
+        EXPECT_EQ(state.micSensitivityValue, step);
+        EXPECT_EQ(screen.micSensitivitySlider.value, slider);
+        EXPECT_EQ(screen.setFrequencyValueStepper.value, stepper);
+        EXPECT_EQ(std::pair(state.bottomLimit, state.topLimit), std::pair(0.002, 0.0045));
+        EXPECT_EQ(platform.memoryStore.integerForKey(keys::numberOfRuns), kMax);
     }
 }
 

@@ -4,6 +4,7 @@
 import assert from 'node:assert/strict';
 import { test } from 'node:test';
 import { LocalSettings, STORAGE_KEY } from '../../web/src/ports/settings.js';
+import { startFetch } from '../../web/src/ports/browser.js';
 import { StringTables, chooseLanguage } from '../../web/src/ports/strings.js';
 import { Blocker, Resampler } from '../../web/src/ports/resampler.js';
 import path from 'node:path';
@@ -37,6 +38,31 @@ test('settings are stored with their types and survive a reload, through the cor
   assert.equal(again.tuner.setFrequencyValueStepper.value, 442);
   assert.equal(again.tuner.micSensitivitySlider.value, 8);
   assert.equal(again.tuner.stringSoundsSwitch.on, true);
+});
+
+test('text that looks like a number is the same text after a reload, and a number a number', () => {
+  const storage = new MemoryStorage();
+  const entries = [['s', '1.10'], ['s', '1.0'], ['s', '007'], ['s', '1e3'], ['s', 'nan'], ['s', ''], ['d', 1.1], ['i', 7]];
+  const written = new LocalSettings(storage, () => {});
+  entries.forEach(([tag, value], i) => written.setValue(`k${i}`, tag, value));
+  const read = new LocalSettings(storage, () => {});
+  assert.deepEqual(entries.map((_, i) => read.value(`k${i}`)), entries);
+});
+
+test('the network probe fetches past every cache and gives up after the time it is given', () => {
+  const calls = [], timers = [];
+  const realSetTimeout = globalThis.setTimeout;
+  globalThis.setTimeout = (fn, ms) => timers.push([fn, ms]);
+  try {
+    assert.equal(startFetch('http://127.0.0.1:9/', 20, (...args) => { calls.push(args); return new Promise(() => {}); }), true);
+  } finally {
+    globalThis.setTimeout = realSetTimeout;
+  }
+  const [[url, options]] = calls;
+  assert.deepEqual([url, options.cache, timers.map(([, ms]) => ms)], ['http://127.0.0.1:9/', 'no-store', [20000]]);
+  assert.equal(options.signal.aborted, false);
+  timers[0][0]();
+  assert.equal(options.signal.aborted, true);
 });
 
 test('a damaged store is kept aside once and the app starts afresh', () => {
