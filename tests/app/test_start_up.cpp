@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <string_view>
 #include <tuple>
 
 #include "app/AppDelegate.h"
@@ -19,7 +21,9 @@ struct StartUp {
     }
     std::vector<std::string> run() {
         AppDelegate delegate(
-            platform.services(), rating, [this](const std::string& s) { built.push_back(s); }, "42");
+            platform.services(), rating,
+            [this](const std::string& s) { built.push_back(s + " after " + std::to_string(platform.log.lines.size())); },
+            "42");
         EXPECT_TRUE(delegate.didFinishLaunchingWithOptions());
         EXPECT_TRUE(delegate.prefersStatusBarHidden());
         return built;
@@ -29,8 +33,61 @@ struct StartUp {
     std::vector<std::string> built;
 };
 
-// The walk down the table, its uneven groups' log lines and the window built in
-// their midst, are in the golden screen outputs (phone-844, pad-1024, pad-1194).
+// Every class with a layout, written out: the window it builds and after how many of
+// the walk's log lines (its groups are uneven), its lamp picture and view, its
+// picker scale (none: unscaled) and neck picture (none: the layout's own).
+struct Row {
+    Idiom idiom;
+    double height;
+    const char* window;
+    std::string_view highlight;
+    HighlightView view;
+    std::optional<double> picker;
+    std::optional<std::string_view> neck;
+};
+
+TEST(StartUp, EveryClassWithALayoutBuildsItsWindowWithItsPictures) {
+    using enum Idiom;
+    using enum HighlightView;
+    const std::string_view plus = "_string_6plus.png", pro = "_string_iPad_Pro.png", plusNeck = "_iPhone6Plus.png";
+    const Row rows[] = {
+        {Phone, 480, "Main_iPhone4s after 0", "_string.png", TunedString, 0.75, "_iPhone.png"},
+        {Phone, 568, "Main_iPhone after 0", "_string_5.png", TunedString5, 0.75, "_iPhone5.png"},
+        {Phone, 667, "Main_iPhone6 after 0", "_string_6.png", TunedString5, 0.75, "_iPhone6.png"},
+        {Phone, 736, "Main_iPhone6Plus after 0", plus, TunedString5, 0.75, plusNeck},
+        {Phone, 812, "Main_iPhoneX after 1", plus, TunedString5, {}, plusNeck},
+        {Phone, 844, "Main_iPhone12Pro after 2", plus, TunedString5, {}, {}},
+        {Phone, 852, "Main_iPhone12Pro after 2", plus, TunedString5, {}, {}},
+        {Phone, 874, "Main_iPhone12Pro after 2", plus, TunedString5, {}, {}},
+        {Phone, 896, "Main_iPhoneXSMax after 3", plus, TunedString5, {}, plusNeck},
+        {Phone, 912, "Main_iPhone12ProMax after 4", plus, TunedString5, {}, {}},
+        {Phone, 926, "Main_iPhone12ProMax after 4", plus, TunedString5, {}, {}},
+        {Phone, 932, "Main_iPhone12ProMax after 5", plus, TunedString5, {}, {}},
+        {Phone, 956, "Main_iPhone12ProMax after 5", plus, TunedString5, {}, {}},
+        {Pad, 1024, "Main_iPad after 0", "_string_iPad.png", TunedStringiPad, 0.9, "_iPad.png"},
+        {Pad, 1080, "Main_iPad_Pro_10_5 after 1", pro, TunedStringiPad, 0.9, "_iPad.png"},
+        {Pad, 1112, "Main_iPad_Pro_10_5 after 2", pro, TunedStringiPad, 0.9, "_iPad.png"},
+        {Pad, 1133, "Main_iPad_Mini6 after 3", pro, TunedStringiPad, 0.9, "_iPad.png"},
+        {Pad, 1180, "Main_iPad_Pro_11 after 3", pro, TunedStringiPad, 0.9, "_iPad.png"},
+        {Pad, 1194, "Main_iPad_Pro_11 after 3", pro, TunedStringiPad, 0.9, "_iPad.png"},
+        {Pad, 1210, "Main_iPad_Pro_11 after 3", pro, TunedStringiPad, 0.9, "_iPad.png"},
+        {Pad, 1366, "Main_iPad_Pro after 4", pro, TunedStringiPad, 0.9, "_iPad.png"},
+        {Pad, 1376, "Main_iPad_Pro after 4", pro, TunedStringiPad, 0.9, "_iPad.png"},
+    };
+    EXPECT_EQ(deviceClasses().size(), std::size(rows)) << "a class with a layout is missing here";
+    for (const Row& r : rows) {
+        SCOPED_TRACE(r.height);
+        StartUp start(r.idiom, r.height);
+        EXPECT_EQ(start.run(), std::vector<std::string>{r.window});
+        EXPECT_EQ(start.platform.log.lines.size(), r.idiom == Phone ? 6u : 4u);
+        const auto lamp = highlightFor(r.idiom, r.height);
+        ASSERT_TRUE(lamp);
+        EXPECT_EQ(std::pair(lamp->suffix, lamp->view), std::pair(r.highlight, r.view));
+        EXPECT_EQ(pickerScaleFor(r.idiom, r.height), r.picker);
+        EXPECT_EQ(fretboardSuffixFor(r.idiom, r.height), r.neck);
+    }
+}
+
 TEST(StartUp, ClassesOfNoTableBuildNoWindowButLogAsTheirIdiomDoes) {
     // A phone of no table: the golden screen outputs (phone-900).
     StartUp pad(Idiom::Pad, 844), other(Idiom::Other, 844);

@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: 2026 Morvane Labs
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Links leave the app through the desktop: the store's own scheme goes to xdg-open,
-// and when nothing handles it the same page opens in the browser.
+// and when nothing handles it the same page opens in the browser. The network
+// probe's fetch goes out on its own.
 #include <gtest/gtest.h>
 
 #include <QDesktopServices>
 #include <QFile>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
@@ -74,6 +77,24 @@ INSTANTIATE_TEST_SUITE_P(
         Desktop{"NoStoreApp", "exit 4", true}, Desktop{"StoreApp", "exit 0", false},
         Desktop{"NoXdgOpen", nullptr, true}),
     [](const auto& info) { return std::string(info.param.name); });
+
+// The probe's fetch asks past every cache, and gives up after the time it is given
+// on a loopback server that never answers.
+TEST(NetworkProbe, FetchesPastEveryCacheAndGivesUpInTime) {
+    test::ensureQtApp();
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    const auto probe = makeQtNetworkProbe();
+    ASSERT_TRUE(probe->startFetch("http://127.0.0.1:" + std::to_string(server.serverPort()) + "/probe", 0.5));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return server.hasPendingConnections(); }, 5000));
+    QTcpSocket* client = server.nextPendingConnection();
+    QByteArray request;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return (request += client->readAll()).contains("\r\n\r\n"); }, 5000));
+    EXPECT_TRUE(request.startsWith("GET /probe HTTP/1.1\r\n")) << request.toStdString();
+    EXPECT_TRUE(request.contains("\r\nCache-Control: no-cache\r\n")) << request.toStdString();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client->state() == QAbstractSocket::UnconnectedState; }, 5000))
+        << "the fetch never gave up";
+}
 
 } // namespace
 } // namespace uke

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "base/SettingsKeys.h"
 #include "support/TunerFixture.h"
 
 namespace uke {
@@ -119,21 +120,23 @@ TEST_F(Tick, AClassOfNoTableLightsOnlyTheRingAndOtherCodesNothing) {
     }
 }
 
-TEST_F(Tick, BeepsReArmAllStringsFifteenSecondsAfterEachBeep) {
+TEST_F(Tick, EachBeepReArmsEveryStringFifteenSecondsLater) {
+    using Armed = std::array<uint8_t, 4>;
     platform.runLoop.advanceTo(100.0); // an arbitrary start
-    tick(kLoud, 329.6f);               // string 2 at t = 0
-    EXPECT_EQ(beeps(), 1u);
-    platform.runLoop.advanceBy(10.0);
-    tick(kLoud, 261.6f); // string 3 at t = 10
-    EXPECT_EQ(beeps(), 2u);
+    tick(kLoud, 329.6f);               // string 2 beeps at 100
+    platform.runLoop.advanceTo(110.0);
+    tick(kLoud, 261.6f); // string 3 at 110
+    platform.runLoop.advanceTo(114.999);
     tick(kLoud, 329.6f);
     EXPECT_EQ(beeps(), 2u) << "string 2 is still beeped";
-    platform.runLoop.advanceBy(5.0); // t = 15: the first reset frees every string
-    EXPECT_EQ(state.tuningBools, (std::array<uint8_t, 4>{0, 0, 0, 0}));
+    platform.runLoop.advanceTo(115.0);
+    EXPECT_EQ(state.tuningBools, Armed{}) << "the first beep's timer frees every string";
     tick(kLoud, 329.6f);
     EXPECT_EQ(beeps(), 3u);
-    platform.runLoop.advanceBy(10.0); // t = 25: the second reset clears the new beep early
-    EXPECT_EQ(state.tuningBools, (std::array<uint8_t, 4>{0, 0, 0, 0}));
+    platform.runLoop.advanceTo(124.999);
+    EXPECT_EQ(state.tuningBools, (Armed{0, 1, 0, 0}));
+    platform.runLoop.advanceTo(125.0);
+    EXPECT_EQ(state.tuningBools, Armed{}) << "the second beep's timer clears the third beep early";
 }
 
 TEST_F(Tick, SoundNotificationOffStillMarksStringsReached) {
@@ -147,15 +150,22 @@ TEST_F(Tick, SoundNotificationOffStillMarksStringsReached) {
     EXPECT_EQ(platform.runLoop.pendingCount(), pending) << "no reset is scheduled";
 }
 
-TEST_F(Tick, OnceEveryStringIsReachedEachUnmatchedTickSchedulesAPromptAndAReset) {
+// Once every string is reached, each unmatched tick above the upper gate asks for a
+// review two seconds later and re-arms the beeps two seconds after that.
+TEST_F(Tick, OnceEveryStringIsReachedUnmatchedTicksPromptAtTwoSecondsAndReArmAtFour) {
+    platform.store->setInteger(keys::numberOfRuns, 3); // enough runs for the prompt to be asked
     for (float f : {440.0f, 329.6f, 261.6f, 392.0f})
         tick(kLoud, f);
-    const size_t pending = platform.runLoop.pendingCount();
+    tick(0.003f, 500.0f); // below the upper gate: nothing is scheduled
+    const double start = platform.runLoop.elapsed();
     tick(kLoud, 500.0f);
-    tick(kLoud, 500.0f);
-    EXPECT_EQ(platform.runLoop.pendingCount(), pending + 4);
-    tick(0.003f, 500.0f);
-    EXPECT_EQ(platform.runLoop.pendingCount(), pending + 4) << "not below the upper gate";
+    const size_t asked = demoModeEnabled ? 0 : 1; // the demonstration build never asks
+    const std::pair<double, std::pair<size_t, bool>> times[] = {
+        {1.999, {0, true}}, {2.0, {asked, true}}, {3.999, {asked, true}}, {4.0, {asked, false}}};
+    for (const auto& [after, seen] : times) {
+        platform.runLoop.advanceTo(start + after);
+        EXPECT_EQ(std::pair(platform.network.fetched.size(), state.tuningBools[0] == 1), seen) << after;
+    }
 }
 
 // The 10 ms tick on the run loop: the times of the golden analyse runs' read-outs.
