@@ -396,7 +396,7 @@
     </message>
     <message>
         <source>The microphone could not be opened. Close other apps that use it, then reload the page.</source>
-        <translation>Non è stato possibile aprire il microfono. Chiudi le altre app che lo usano, poi ricarica la pagina.</translation>
+        <translation>Impossibile aprire il microfono. Chiudi le altre app che lo usano, poi ricarica la pagina.</translation>
     </message>
 </context>
 </TS>
