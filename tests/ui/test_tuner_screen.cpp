@@ -84,36 +84,21 @@ TEST(RatingAlert, ShowsThePromptAndReportsTheSecondButton) {
     }
 }
 
-// A loopback server that keeps what the first client sends.
-struct LoopbackPage {
-    LoopbackPage() {
-        server.listen(QHostAddress::LocalHost, 0);
-        QObject::connect(&server, &QTcpServer::newConnection, [this] {
-            QTcpSocket* socket = server.nextPendingConnection();
-            QObject::connect(socket, &QTcpSocket::readyRead, [this, socket] { request += socket->readAll(); });
-        });
-    }
-    std::string url() const { return "http://127.0.0.1:" + std::to_string(server.serverPort()) + "/probe"; }
-    bool received() const { return request.contains("\r\n\r\n"); }
-    QTcpServer server;
-    QByteArray request;
-};
-
-// Asked for on the main thread or on a worker, the fetch runs on the main thread
-// and goes around any cache.
-TEST(QtNetworkProbe, FetchesThePageAroundAnyCacheFromAnyThread) {
+// Asked for on a worker, the fetch still goes out, from the main thread: the
+// request itself (past every cache, within its time) is the qtplatform tests'.
+TEST(QtNetworkProbe, AFetchAskedForOnAWorkerGoesOut) {
     test::ensureQtApp();
-    for (const bool onWorker : {false, true}) {
-        auto probe = makeQtNetworkProbe();
-        LoopbackPage page;
-        bool running = false;
-        const auto fetch = [&] { running = probe->startFetch(page.url(), 20.0); };
-        onWorker ? std::thread(fetch).join() : fetch();
-        EXPECT_TRUE(running) << onWorker;
-        ASSERT_TRUE(settleUntil([&] { return page.received(); })) << onWorker;
-        EXPECT_TRUE(page.request.startsWith("GET /probe HTTP/1.1\r\n")) << page.request.toStdString();
-        EXPECT_TRUE(page.request.contains("Cache-Control: no-cache")) << page.request.toStdString();
-    }
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    auto probe = makeQtNetworkProbe();
+    const std::string url = "http://127.0.0.1:" + std::to_string(server.serverPort()) + "/probe";
+    bool running = false;
+    std::thread([&] { running = probe->startFetch(url, 20.0); }).join();
+    EXPECT_TRUE(running);
+    ASSERT_TRUE(settleUntil([&] { return server.hasPendingConnections(); }));
+    QTcpSocket* client = server.nextPendingConnection();
+    QByteArray request;
+    EXPECT_TRUE(settleUntil([&] { return (request += client->readAll()).startsWith("GET /probe "); }));
 }
 
 TEST(QtNetworkProbe, BadAddressesAndUnknownReachability) {
