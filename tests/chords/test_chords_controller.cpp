@@ -117,7 +117,6 @@ TEST_F(ChordsScreen, FirstChordComesFromTwoDrawsOfEight) {
 TEST_F(ChordsScreen, OpeningCountsTwoRootsAndThreeChords) {
     auto& c = open(1, 1, {3, 1});
     EXPECT_EQ(counts(), std::pair(2L, 3L));
-    EXPECT_EQ(std::pair(c.chordsSearched(), c.variantsSearched()), counts());
     EXPECT_EQ(platform.memoryStore.synchronizeCount, 5) << "every count is written through at once";
     c.didSelectRow(2, 9);
     EXPECT_EQ(counts(), std::pair(2L, 4L)) << "a chord type never counts as a root";
@@ -209,12 +208,12 @@ TEST_F(ChordsScreen, NeckPictureFollowsTheChartAndTheExactScreenHeightAndOutlive
         double height;
         const char* picture;
     } cases[] = {
-        // Each neck picture once, then the heights and charts that keep the layout's own.
-        {2, Idiom::Phone, 480, "bchords_iPhone.png"},  {2, Idiom::Phone, 568, "bchords_iPhone5.png"},
-        {2, Idiom::Phone, 667, "bchords_iPhone6.png"}, {3, Idiom::Phone, 812, "slchords_iPhone6Plus.png"},
-        {4, Idiom::Pad, 777, "slbchords_iPad.png"},    {3, Idiom::Phone, 844, "fretboard.png"},
-        {4, Idiom::Phone, 667.5, "fretboard.png"},     {2, Idiom::Other, 667, "fretboard.png"},
-        {1, Idiom::Pad, 1024, "fretboard.png"},        {5, Idiom::Phone, 480, "fretboard.png"},
+        // Each chart's prefix once (each class's suffix is the start-up device
+        // table's), a pad of no table, then what keeps the layout's own picture.
+        {2, Idiom::Phone, 480, "bchords_iPhone.png"}, {3, Idiom::Phone, 812, "slchords_iPhone6Plus.png"},
+        {4, Idiom::Pad, 777, "slbchords_iPad.png"},   {4, Idiom::Phone, 667.5, "fretboard.png"},
+        {2, Idiom::Other, 667, "fretboard.png"},      {1, Idiom::Pad, 1024, "fretboard.png"},
+        {5, Idiom::Phone, 480, "fretboard.png"},
     };
     for (const auto& k : cases) {
         platform.device.idiomValue = k.idiom;
