@@ -53,8 +53,8 @@ protected:
             return;
         if (demoModeEnabled)
             GTEST_SKIP() << "the demonstration build plays no sound";
-        app = std::make_unique<RunningApp>("phone-844", "en", RunningApp::Seed{},
-                                           QStringLiteral(UKE_SOURCE_DIR "/resources/sounds"), RunningApp::Audio::Real);
+        app = std::make_unique<RunningApp>("phone-844", "en", QStringLiteral(UKE_SOURCE_DIR "/resources/sounds"),
+                                           RunningApp::Audio::Real);
         ASSERT_TRUE(app->started);
         host = app->host.get();
         runFor(0.2);

@@ -20,8 +20,7 @@ protected:
         test::PulseServerTest::SetUp();
         if (IsSkipped() || HasFatalFailure())
             return;
-        app = std::make_unique<test::RunningApp>("phone-844", "en", test::RunningApp::Seed{}, QString(),
-                                                 test::RunningApp::Audio::Real);
+        app = std::make_unique<test::RunningApp>("phone-844", "en", QString(), test::RunningApp::Audio::Real);
         ASSERT_TRUE(app->started);
         host = app->host.get();
     }

@@ -60,23 +60,18 @@ inline void saveForDocs(const QImage& img, const char* fileName) {
 }
 
 struct RunningApp {
-    using Seed = std::function<void(QSettings&)>;
-    enum class Audio { Virtual, NoMicrophone, Real };
+    enum class Audio { Virtual, Real };
 
-    // `seed` writes what an earlier run left in the store; an empty `resourcePath`
-    // means the sounds next to the program. The views are tested on a virtual
-    // microphone, speaker and sound-file player, so that the machine's own devices decide no result;
-    // the end-to-end tests ask for the real ones.
-    explicit RunningApp(const char* device = "phone-844", const char* language = "en", const Seed& seed = {},
-                        const QString& resourcePath = {}, Audio audio = Audio::Virtual) {
+    // An empty `resourcePath` means the sounds next to the program. The views are
+    // tested on a virtual microphone, speaker and sound-file player, so that the
+    // machine's own devices decide no result; the end-to-end tests ask for the real ones.
+    explicit RunningApp(const char* device = "phone-844", const char* language = "en", const QString& resourcePath = {},
+                        Audio audio = Audio::Virtual) {
         ensureQtApp();
-        if (QSettings ini(settingsPath(), QSettings::IniFormat); seed)
-            seed(ini);
         const AppHost::Options o{*DeviceClass::parse(device), language, settingsPath(), resourcePath, {}, true};
         auto ports = makeQtAppPorts(o);
         if (audio != Audio::Real) {
             auto fake = std::make_unique<FakeAudioCapture>();
-            fake->failToOpen = audio == Audio::NoMicrophone;
             capture = fake.get();
             ports->capture = std::move(fake);
             ports->output = std::make_unique<RecordingAudioOutput>();

@@ -51,8 +51,6 @@ protected:
         controller->viewWillAppear();
         platform.runLoop.runPending();
     }
-    // Moves virtual time on; the 10 ms tick fires along the way.
-    void advance(double seconds) { platform.runLoop.advanceBy(seconds); }
     // One tick with the given level and frequency; the timer's own ticks then hear silence.
     void tick(float level, float frequency) {
         listener.set(level, frequency);

@@ -20,11 +20,6 @@ protected:
     size_t beeps() const {
         return static_cast<size_t>(std::ranges::count(platform.sounds.played, "/res/beep-full.mp3"));
     }
-    void selectTuning(int n) {
-        while (state.chosenTuning < n)
-            controller->showNextTuning();
-        platform.runLoop.runPending();
-    }
 };
 
 // What each reading shows, in one run: the level gates at their exact edges, the
@@ -173,17 +168,14 @@ TEST_F(Tick, OnceEveryStringIsReachedUnmatchedTicksPromptAtTwoSecondsAndReArmAtF
 class DemoPicture : public test::TunerFixture {};
 
 // The demonstration build's frozen picture (a table per tuning) is what it shows
-// instead of the tuner; here only that the build switch decides.
+// instead of the tuner; here only that the build switch decides. That it neither
+// listens nor opens a tone unit, while the fork's labels still change, is the
+// load and tuning-fork tests' (they run in both builds).
 TEST_F(DemoPicture, TheBuildSwitchDecidesWhetherTheScreenIsLive) {
     launch();
     controller->showNextTuning();
     controller->playA440Hz();
-    const bool demoLogged = platform.log.contains("**** DEMOMODE ACTIVATED ****");
-    EXPECT_EQ(demoLogged, demoModeEnabled);
-    EXPECT_EQ(listener.listenCount, demoModeEnabled ? 0 : 1);
-    EXPECT_EQ(platform.output.setupCount, demoModeEnabled ? 0 : 1) << "no tone unit in demonstration mode";
-    EXPECT_EQ(platform.output.startCount, demoModeEnabled ? 0 : 1);
-    EXPECT_EQ(screen.tfnoteDisplay.text, "A4") << "labels change either way";
+    EXPECT_EQ(platform.log.contains("**** DEMOMODE ACTIVATED ****"), demoModeEnabled);
     if (demoModeEnabled) {
         EXPECT_EQ(screen.noteDisplay.text, "A4");
         EXPECT_EQ(screen.freq_label.text, "440.0Hz");
