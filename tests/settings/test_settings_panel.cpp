@@ -23,12 +23,12 @@ struct SliderCase {
     double bottom, top;
 };
 
-// The log lines of a move and of every switch are in the golden screen outputs.
+// The log lines of a move and of every switch, and a move to 4.6, are in the golden
+// screen outputs.
 TEST_F(SettingsPanel, SliderSnapsStoresAndSetsTheThresholds) {
     const SliderCase cases[] = {
-        {0.0f, 0, 0.0, 0, 0.007, 0.0095}, {4.6f, 4, 5.0, 5, 0.003, 0.0055}, {4.5f, 4, 5.0, 5, 0.003, 0.0055},
-        {5.0f, 5, 5.0, 5, 0.002, 0.0045}, {7.0f, 7, 7.0, 7, 0.002, 0.0045}, {10.0f, 10, 10.0, 10, 0.002, 0.0045},
-        {0.4f, 0, 0.0, 0, 0.007, 0.0095}, {3.0f, 3, 3.0, 3, 0.004, 0.0065},
+        {0.0f, 0, 0.0, 0, 0.007, 0.0095},     {4.5f, 4, 5.0, 5, 0.003, 0.0055}, {5.0f, 5, 5.0, 5, 0.002, 0.0045},
+        {10.0f, 10, 10.0, 10, 0.002, 0.0045}, {0.4f, 0, 0.0, 0, 0.007, 0.0095}, {3.0f, 3, 3.0, 3, 0.004, 0.0065},
     };
     launch();
     for (const SliderCase& c : cases) {
@@ -94,7 +94,6 @@ TEST_F(SettingsPanel, ChartOffKeepsThePreviousTuningsChartAcrossAChange) {
     controller->toggleFreqChart(false);
     controller->showNextTuning();
     controller->showNextTuning();
-    EXPECT_EQ(screen.firstString.text, "B4");
     EXPECT_EQ(screen.firstStringNoteAndFreq.text, "A4 = 440.0Hz");
     // Turning it on writes nothing by itself; the next letter pass does.
     controller->toggleFreqChart(true);
