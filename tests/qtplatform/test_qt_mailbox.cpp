@@ -4,7 +4,6 @@
 
 #include <QThread>
 #include <QThreadPool>
-#include <atomic>
 #include <thread>
 #include <vector>
 
@@ -58,15 +57,10 @@ TEST(Mailbox, CallsRunOnTheOwnersThreadInOrderAndReturnWhenDone) {
 }
 
 TEST(Mailbox, PoolTasksEachRunOnce) {
-    std::atomic<int> runs{0};
     std::vector<int> seen(20, 0);
     for (int i = 0; i < 20; ++i)
-        runInPool([&, i] {
-            seen[static_cast<size_t>(i)] += 1;
-            ++runs;
-        });
+        runInPool([&, i] { seen[static_cast<size_t>(i)] += 1; });
     QThreadPool::globalInstance()->waitForDone();
-    EXPECT_EQ(runs.load(), 20);
     EXPECT_EQ(seen, std::vector<int>(20, 1));
 }
 

@@ -152,12 +152,8 @@ TEST(DesktopAccessibility, ButtonsAndReadOutsHaveNamesAndRoles) {
     QAccessible::setActive(true);
     RunningApp r;
     ASSERT_TRUE(r.started);
-    struct Expected {
-        const char* item;
-        QAccessible::Role role;
-        const char* name;
-    };
-    const auto check = [&](std::initializer_list<Expected> expected) {
+    // Each item's role and the name it is read out by.
+    const auto check = [&](std::initializer_list<std::tuple<const char*, QAccessible::Role, const char*>> expected) {
         for (const auto& [name, role, spoken] : expected) {
             QQuickItem* item = r.item(name);
             ASSERT_NE(item, nullptr) << name;

@@ -336,7 +336,6 @@ test('the device class is the screen\'s, whatever the window, unless the address
     [{ width: 915, height: 412 }, '', ['phone', 915]],      // a phone in landscape
     [{ width: 1194, height: 834 }, '', ['pad', 1194]],
     [{ width: 599, height: 960 }, '', ['phone', 960]],
-    [{ width: 1920, height: 1080 }, '?device=phone-844', ['phone', 844]],
     [{ width: 1920, height: 1080 }, '?x=1&device=pad-1024', ['pad', 1024]],
     [{ width: 1920, height: 1080 }, '?device=watch-200', ['pad', 1920]],
   ]) assert.deepEqual(Object.values(deviceOf(screen, search)), expected, `${screen.width}x${screen.height}${search}`);

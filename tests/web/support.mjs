@@ -35,7 +35,6 @@ export function recordingHost(overrides = {}) {
       synchronize() {},
       keys: () => [...values.keys()],
     },
-    values,
     lookup: () => null,
     device: { idiom: 'phone', height: 844, systemVersion: '17.0' },
     capture: { start: () => host.captureCalls.push('start'), stop: () => host.captureCalls.push('stop') },
