@@ -108,7 +108,8 @@ long wholeNumber(double d) {
         return 0;
     // A number beyond the integer range (a damaged file) reads as the nearest
     // end of it; converting it as it stands is undefined.
-    constexpr double kLongEnd = 9223372036854775808.0; // 2^63
+    // The end is the type's own: `long` has 32 bits in the page's WebAssembly core.
+    constexpr double kLongEnd = -static_cast<double>(std::numeric_limits<long>::min());
     if (d >= kLongEnd)
         return std::numeric_limits<long>::max();
     if (d < -kLongEnd)

@@ -26,9 +26,8 @@ void SettingsPanel::applyOnAppearance() {
 namespace {
 // Like the real controls, a slider or stepper holds only values inside its range,
 // whatever the store says; the stored value itself is used as it stands.
-void setInRange(Slider& slider, double value) { slider.value = std::clamp(value, slider.minimum, slider.maximum); }
-void setInRange(Stepper& stepper, double value) {
-    stepper.value = std::clamp(value, stepper.minimum, stepper.maximum);
+template <class Control> void setInRange(Control& control, double value) {
+    control.value = std::clamp(value, control.minimum, control.maximum);
 }
 } // namespace
 

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "WebPorts.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "base/LayoutClass.h"
@@ -23,12 +22,10 @@ std::optional<SettingValue> HostSettingsStore::value(const std::string& key) con
     const val x = v[1];
     if (tag == "b")
         return SettingValue{x.as<bool>()};
-    if (tag == "i") {
-        // The store only ever writes whole numbers here, but a hand-edited one must
-        // not be converted out of range.
-        const double d = x.as<double>();
-        return SettingValue{static_cast<long>(std::clamp(d, -2147483648.0, 2147483647.0))};
-    }
+    // The store only ever writes whole numbers here, but a hand-edited one must
+    // not be converted out of range.
+    if (tag == "i")
+        return SettingValue{wholeNumber(x.as<double>())};
     if (tag == "d")
         return SettingValue{x.as<double>()};
     return SettingValue{x.as<std::string>()};
